@@ -1,0 +1,25 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+namespace vellumar {
+
+// Where the system keeps things. Every getter answers "" when the folder cannot be found.
+class SystemFolders {
+public:
+    virtual ~SystemFolders() = default;
+
+    // The folder of the program's executable, or the folder named by $VELLUMAR_HOME.
+    virtual std::string programFolder() = 0;
+    // The Windows folder (on Linux: the Wine prefix's drive_c/windows, or "/" without a prefix).
+    virtual std::string windowsFolder() = 0;
+    // The user's documents folder.
+    virtual std::string documentsFolder() = 0;
+    // The user's roaming application-data folder.
+    virtual std::string appDataFolder() = 0;
+};
+
+std::unique_ptr<SystemFolders> CreatePlatformSystemFolders();
+
+} // namespace vellumar

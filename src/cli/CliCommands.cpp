@@ -1,0 +1,173 @@
+#include "CliCommands.h"
+
+#include "FileHelpers.h"
+#include "FileOperations.h"
+#include "GetSystemFolders.h"
+#include "PathText.h"
+#include "ProfileText.h"
+#include "Registry.h"
+#include "ResultText.h"
+#include "Services.h"
+#include "SystemFolders.h"
+#include "TextCompare.h"
+#include "clsCfgRead.h"
+#include "clsCfgWrite.h"
+#include "clsRegRead.h"
+
+#include <optional>
+#include <ostream>
+
+namespace vellumar {
+
+namespace {
+
+using Arguments = std::vector<std::string>;
+
+std::optional<std::uint32_t> HiveByName(const std::string& name)
+{
+    if (EqualsIgnoreCase(name, "HKEY_LOCAL_MACHINE") || EqualsIgnoreCase(name, "HKLM"))
+        return RegistryHive::LocalMachine;
+    if (EqualsIgnoreCase(name, "HKEY_USERS") || EqualsIgnoreCase(name, "HKU"))
+        return RegistryHive::Users;
+    if (EqualsIgnoreCase(name, "HKEY_CURRENT_USER") || EqualsIgnoreCase(name, "HKCU"))
+        return RegistryHive::CurrentUser;
+    return std::nullopt;
+}
+
+// A NUL-separated list prints one name per line.
+void PrintText(std::ostream& out, const std::string& text)
+{
+    for (char c : text)
+        out.put(c == '\0' ? '\n' : c);
+    out.put('\n');
+}
+
+int IniGet(const Arguments& args, Services& services, std::ostream& out)
+{
+    const bool fileMissing = IsError(FileExists(services.files, args[2]));
+    clsCfgRead reader(services.files, services.messages);
+    reader.FileName = args[2];
+    reader.Section = args[3];
+    reader.Key = args[4];
+    const std::string result = reader.Data();
+    if (fileMissing)
+        return CliExit::Failed;
+    PrintText(out, result);
+    // An absent key reads as "Error"; an empty list as "Error" or nothing at all.
+    const bool readsOneValue = !reader.Section.empty() && !reader.Key.empty();
+    const bool nothing = result == kError || (!readsOneValue && result.empty());
+    return nothing ? CliExit::Failed : CliExit::Success;
+}
+
+int IniSet(const Arguments& args, Services& services, std::ostream& err)
+{
+    clsCfgWrite writer(services.files);
+    writer.FileName = args[2];
+    writer.Section = args[3];
+    writer.Key = args[4];
+    writer.Value = args[5];
+    writer.cWrite();
+
+    // The writer reports nothing, so check that the file now reads as it should.
+    const std::string expected =
+        writer.Value.empty()
+            ? std::string(kError)
+            : ProfileText::Read("[s]\nk=" + writer.Value, "s", "k", kError, clsCfgRead::kBufferSize);
+    const std::optional<std::string> contents = services.files.readFile(writer.FileName);
+    const bool written =
+        contents && !writer.Section.empty() && !writer.Key.empty() &&
+        ProfileText::Read(*contents, writer.Section, writer.Key, kError, clsCfgRead::kBufferSize) ==
+            expected;
+    if (!written) {
+        err << "vellumar-cli: could not write [" << writer.Section << "] " << writer.Key
+            << " in " << writer.FileName << '\n';
+        return CliExit::Failed;
+    }
+    return CliExit::Success;
+}
+
+int RegGet(const Arguments& args, Services& services, std::ostream& out, std::ostream& err)
+{
+    const std::optional<std::uint32_t> hive = HiveByName(args[2]);
+    if (!hive) {
+        err << "vellumar-cli: unknown hive " << args[2]
+            << " (use HKEY_LOCAL_MACHINE, HKEY_USERS or HKEY_CURRENT_USER)\n\n"
+            << CliUsage();
+        return CliExit::UsageError;
+    }
+    clsRegRead reader(services.registry,
+                      TrimTrailingBackslash(CutAtNul(services.systemFolders.windowsFolder())));
+    reader.RootHive = *hive;
+    reader.KeyPath = args[3];
+    reader.SubKey = args[4];
+    reader.ValueName = args[5];
+    const std::string value = reader.RegData();
+    if (value.empty())
+        return CliExit::Failed;
+    out << value << '\n';
+    return CliExit::Success;
+}
+
+int Where(Services& services, std::ostream& out)
+{
+    SystemPaths paths;
+    const std::string result = GetSystemFolders(services.systemFolders, services.messages, paths);
+    out << "ProgramPath: " << services.systemFolders.programFolder() << '\n'
+        << "WindowsPath: " << paths.WindowsPath << '\n'
+        << "MyDocumentsPath: " << paths.MyDocumentsPath << '\n'
+        << "AppDataPath: " << paths.AppDataPath << '\n';
+    return IsOK(result) ? CliExit::Success : CliExit::Failed;
+}
+
+} // namespace
+
+std::string CliUsage()
+{
+    return "Usage: vellumar-cli COMMAND [ARGUMENTS]\n"
+           "\n"
+           "Commands:\n"
+           "  ini get FILE SECTION KEY        print a value of a profile (INI) file; an empty\n"
+           "                                  KEY lists the section's keys, an empty SECTION\n"
+           "                                  lists the sections, one per line\n"
+           "  ini set FILE SECTION KEY VALUE  write a value; an empty VALUE deletes the key\n"
+           "  reg get HIVE KEY SUBKEY VALUE   print a registry string value; HIVE is\n"
+           "                                  HKEY_LOCAL_MACHINE, HKEY_USERS or HKEY_CURRENT_USER\n"
+           "                                  (on Linux: the registry of the Wine prefix)\n"
+           "  where                           print the program folder and the system folders\n"
+           "\n"
+           "Messages go to standard error as their title and text; a question is answered\n"
+           "with its default button.\n"
+           "Environment: VELLUMAR_HOME (program folder), WINEPREFIX (Wine prefix, Linux).\n"
+           "Exit status: 0 success, 1 nothing found or failed, 2 usage error.\n";
+}
+
+int RunCliCommand(const Arguments& args, Services& services, std::ostream& out, std::ostream& err)
+{
+    auto is = [&args](std::size_t count, std::initializer_list<const char*> words) {
+        if (args.size() != count)
+            return false;
+        std::size_t i = 0;
+        for (const char* word : words)
+            if (args[i++] != word)
+                return false;
+        return true;
+    };
+
+    if (args.size() == 1 && (args[0] == "--help" || args[0] == "-h" || args[0] == "help")) {
+        out << CliUsage();
+        return CliExit::Success;
+    }
+    if (is(5, {"ini", "get"}))
+        return IniGet(args, services, out);
+    if (is(6, {"ini", "set"}))
+        return IniSet(args, services, err);
+    if (is(6, {"reg", "get"}))
+        return RegGet(args, services, out, err);
+    if (is(1, {"where"}))
+        return Where(services, out);
+
+    err << CliUsage();
+    return CliExit::UsageError;
+}
+
+} // namespace vellumar

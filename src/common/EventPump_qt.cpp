@@ -1,0 +1,9 @@
+#include "EventPump_qt.h"
+
+#include <QCoreApplication>
+
+namespace vellumar {
+
+void QtEventPump::DoEvents() { QCoreApplication::processEvents(); }
+
+} // namespace vellumar

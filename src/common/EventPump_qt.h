@@ -1,0 +1,13 @@
+#pragma once
+
+#include "EventPump.h"
+
+namespace vellumar {
+
+// Lets the Qt event loop run whatever is pending.
+class QtEventPump final : public EventPump {
+public:
+    void DoEvents() override;
+};
+
+} // namespace vellumar

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace vellumar {
+
+// File attribute bits as the system numbers them.
+namespace FileAttribute {
+inline constexpr std::uint32_t ReadOnly = 1;
+inline constexpr std::uint32_t Hidden = 2;
+inline constexpr std::uint32_t System = 4;
+inline constexpr std::uint32_t Directory = 16;
+inline constexpr std::uint32_t Archive = 32;
+inline constexpr std::uint32_t Normal = 128;
+} // namespace FileAttribute
+
+struct DirectoryEntry {
+    std::string name; // bare name, as stored on disk
+    bool isDirectory = false;
+};
+
+// Nanoseconds since the Unix epoch; precise enough to notice any edit of a file.
+using FileTime = std::int64_t;
+
+// Called for each entry of a search; return false to stop the search.
+using EntryVisitor = std::function<bool(const DirectoryEntry&)>;
+
+// The file system as core sees it. Paths may use "\" or the native separator; on platforms
+// whose file names are case sensitive every path component that does not exist as spelled
+// resolves to the entry that differs from it only in letter case, as Windows would find it.
+class FileOperations {
+public:
+    virtual ~FileOperations() = default;
+
+    // Searches the folder of `pattern` for entries whose names match its last component, a
+    // wildcard pattern with "*" and "?" matched without regard to case ("*.*" matches every
+    // name). Entries come in the platform's listing order; like Windows, a folder's search
+    // includes "." and "..". Returns false when the folder cannot be searched.
+    virtual bool search(const std::string& pattern, const EntryVisitor& visit) = 0;
+
+    // FileAttribute bits of an existing file or folder; nothing when it does not exist.
+    virtual std::optional<std::uint32_t> attributes(const std::string& path) = 0;
+    // Only the read-only bit is honoured where the platform has no other attributes.
+    virtual bool setAttributes(const std::string& path, std::uint32_t attributes) = 0;
+    virtual std::optional<FileTime> modificationTime(const std::string& path) = 0;
+
+    // Copies a file; fails when the target exists, as copies never overwrite.
+    virtual bool copyFile(const std::string& source, const std::string& target) = 0;
+    // Renames a file or folder; fails when the target exists.
+    virtual bool moveFile(const std::string& source, const std::string& target) = 0;
+    // Renames `source` over `target` in one step, so that `target` is never missing: it holds
+    // either its old or its new content. A read-only target is refused.
+    virtual bool renameOver(const std::string& source, const std::string& target) = 0;
+    // Deletes a file; a read-only file is refused, also for a privileged user.
+    virtual bool deleteFile(const std::string& path) = 0;
+    // Deletes a folder with everything in it; fails on the first entry that cannot go.
+    virtual bool deleteTree(const std::string& path) = 0;
+    // Creates every missing folder along the path.
+    virtual bool createFolders(const std::string& path) = 0;
+
+    virtual std::optional<std::string> readFile(const std::string& path) = 0;
+    // Replaces (or creates) a file with the given bytes so that a reader sees either the old
+    // or the new content, never a mixture: a temporary file in the same folder is written,
+    // flushed and renamed over the original. A read-only original is refused.
+    virtual bool replaceFile(const std::string& path, const std::string& contents) = 0;
+
+    // The path as it exists on disk (native separators, letter case of the entries found);
+    // components that do not exist are kept as given.
+    virtual std::string resolve(const std::string& path) = 0;
+};
+
+// The file operations of the platform this program runs on.
+std::unique_ptr<FileOperations> CreatePlatformFileOperations();
+
+} // namespace vellumar

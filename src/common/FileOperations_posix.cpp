@@ -1,0 +1,534 @@
+// File operations on Linux, behaving as Windows (and Wine) do for the simulator's files:
+// "\" separates path components, names are found without regard to letter case, a file whose
+// owner may not write it is read-only even for root, and copies keep the source's time stamp.
+
+#include "FileOperations.h"
+#include "PathText.h"
+#include "TextCompare.h"
+#include "WildcardMatch.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <cstdlib>
+#include <cstring>
+#include <dirent.h>
+#include <fcntl.h>
+#include <string_view>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <unordered_map>
+#include <vector>
+
+namespace vellumar {
+
+namespace {
+
+std::string NativeSeparators(std::string_view path)
+{
+    std::string native;
+    native.reserve(path.size());
+    for (char c : path) {
+        if (c == '\\')
+            c = '/';
+        if (c == '/' && !native.empty() && native.back() == '/')
+            continue;
+        native.push_back(c);
+    }
+    if (native.size() > 1 && native.back() == '/')
+        native.pop_back();
+    return native;
+}
+
+std::pair<std::string, std::string> SplitLast(const std::string& path)
+{
+    const std::size_t slash = path.rfind('/');
+    if (slash == std::string::npos)
+        return {".", path};
+    if (slash == 0)
+        return {"/", path.substr(1)};
+    return {path.substr(0, slash), path.substr(slash + 1)};
+}
+
+std::string Join(const std::string& folder, std::string_view name)
+{
+    if (folder == ".")
+        return std::string(name);
+    if (folder == "/")
+        return "/" + std::string(name);
+    std::string joined = folder;
+    joined.push_back('/');
+    joined.append(name);
+    return joined;
+}
+
+FileTime ToFileTime(const struct timespec& ts)
+{
+    return static_cast<FileTime>(ts.tv_sec) * 1'000'000'000 + ts.tv_nsec;
+}
+
+FileTime Now()
+{
+    struct timespec ts {};
+    clock_gettime(CLOCK_REALTIME, &ts);
+    return ToFileTime(ts);
+}
+
+bool IsReadOnly(const struct stat& st) { return (st.st_mode & S_IWUSR) == 0; }
+
+// Windows lists a folder in the order of its upper-cased names; Linux lists in no particular
+// order, so the listing is sorted that way.
+void SortAsWindowsLists(std::vector<DirectoryEntry>& entries)
+{
+    std::sort(entries.begin(), entries.end(), [](const DirectoryEntry& a, const DirectoryEntry& b) {
+        const int order = CompareIgnoreCase(a.name, b.name);
+        return order != 0 ? order < 0 : a.name < b.name;
+    });
+}
+
+bool ReadFolder(const std::string& folder, std::vector<DirectoryEntry>& entries)
+{
+    DIR* dir = opendir(folder.c_str());
+    if (!dir)
+        return false;
+    const int dirFd = dirfd(dir);
+    while (const dirent* item = readdir(dir)) {
+        const std::string_view name = item->d_name;
+        if (name == "." || name == "..")
+            continue;
+        bool isDirectory = item->d_type == DT_DIR;
+        if (item->d_type == DT_UNKNOWN || item->d_type == DT_LNK) {
+            // Links count as what they point to, as a Windows junction does.
+            struct stat st {};
+            isDirectory = fstatat(dirFd, item->d_name, &st, 0) == 0 && S_ISDIR(st.st_mode);
+        }
+        entries.push_back({std::string(name), isDirectory});
+    }
+    closedir(dir);
+    SortAsWindowsLists(entries);
+    return true;
+}
+
+bool WriteAll(int fd, const char* data, std::size_t size)
+{
+    while (size > 0) {
+        const ssize_t written = ::write(fd, data, size);
+        if (written < 0) {
+            if (errno == EINTR)
+                continue;
+            return false;
+        }
+        data += written;
+        size -= static_cast<std::size_t>(written);
+    }
+    return true;
+}
+
+void SyncFolderOf(const std::string& path)
+{
+    const int fd = ::open(SplitLast(path).first.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (fd >= 0) {
+        ::fsync(fd);
+        ::close(fd);
+    }
+}
+
+class PosixFileOperations final : public FileOperations {
+public:
+    bool search(const std::string& pattern, const EntryVisitor& visit) override
+    {
+        const auto [folderPart, name] = SplitLast(NativeSeparators(pattern));
+        if (name.empty())
+            return false;
+        const std::string folder = resolveNative(folderPart);
+        struct stat st {};
+        if (::stat(folder.c_str(), &st) != 0 || !S_ISDIR(st.st_mode))
+            return false;
+
+        if (!HasWildcards(name)) {
+            if (name == "." || name == "..") {
+                visit({name, true});
+                return true;
+            }
+            const std::string actual = findEntry(folder, st, name);
+            struct stat entry {};
+            if (!actual.empty() && ::stat(Join(folder, actual).c_str(), &entry) == 0)
+                visit({actual, S_ISDIR(entry.st_mode)});
+            else if (!actual.empty() && ::lstat(Join(folder, actual).c_str(), &entry) == 0)
+                visit({actual, false}); // a dangling link is still an entry
+            return true;
+        }
+
+        std::vector<DirectoryEntry> entries;
+        if (!ReadFolder(folder, entries))
+            return false;
+        if (folder != "/") {
+            for (const char* dot : {".", ".."})
+                if (WildcardMatch(name, dot) && !visit({dot, true}))
+                    return true;
+        }
+        for (const DirectoryEntry& entry : entries)
+            if (WildcardMatch(name, entry.name) && !visit(entry))
+                break;
+        return true;
+    }
+
+    std::optional<std::uint32_t> attributes(const std::string& path) override
+    {
+        struct stat st {};
+        if (::stat(resolve(path).c_str(), &st) != 0)
+            return std::nullopt;
+        if (S_ISDIR(st.st_mode))
+            return FileAttribute::Directory;
+        return FileAttribute::Archive | (IsReadOnly(st) ? FileAttribute::ReadOnly : 0u);
+    }
+
+    bool setAttributes(const std::string& path, std::uint32_t attributes) override
+    {
+        const std::string actual = resolve(path);
+        struct stat st {};
+        if (::stat(actual.c_str(), &st) != 0)
+            return false;
+        if (S_ISDIR(st.st_mode))
+            return true; // folders carry no read-only flag worth keeping
+        mode_t mode = st.st_mode & 07777;
+        if (attributes & FileAttribute::ReadOnly)
+            mode &= ~static_cast<mode_t>(S_IWUSR | S_IWGRP | S_IWOTH);
+        else
+            mode |= S_IWUSR;
+        return ::chmod(actual.c_str(), mode) == 0;
+    }
+
+    std::optional<FileTime> modificationTime(const std::string& path) override
+    {
+        struct stat st {};
+        if (::stat(resolve(path).c_str(), &st) != 0)
+            return std::nullopt;
+        return ToFileTime(st.st_mtim);
+    }
+
+    bool copyFile(const std::string& source, const std::string& target) override
+    {
+        const std::string from = resolve(source);
+        const std::string to = resolve(target);
+        struct stat st {};
+        if (::lstat(to.c_str(), &st) == 0)
+            return false; // copies never overwrite
+        const int in = ::open(from.c_str(), O_RDONLY | O_CLOEXEC);
+        if (in < 0)
+            return false;
+        if (::fstat(in, &st) != 0 || !S_ISREG(st.st_mode)) {
+            ::close(in);
+            return false;
+        }
+        const int out = ::open(to.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+        if (out < 0) {
+            ::close(in);
+            return false;
+        }
+        bool ok = copyContents(in, out, static_cast<std::size_t>(st.st_size));
+        // Like a Windows copy: same time stamp, same read-only state.
+        const struct timespec times[2] = {st.st_atim, st.st_mtim};
+        ok = ok && ::futimens(out, times) == 0;
+        ok = ok && ::fchmod(out, st.st_mode & 07777) == 0;
+        ok = (::close(out) == 0) && ok;
+        ::close(in);
+        if (!ok)
+            ::unlink(to.c_str());
+        return ok;
+    }
+
+    bool moveFile(const std::string& source, const std::string& target) override
+    {
+        const std::string from = resolve(source);
+        const std::string to = resolve(target);
+        struct stat fromStat {}, toStat {};
+        if (::lstat(from.c_str(), &fromStat) != 0)
+            return false;
+        if (::lstat(to.c_str(), &toStat) == 0) {
+            // Only a change of letter case may "replace" the entry itself.
+            if (fromStat.st_ino != toStat.st_ino || fromStat.st_dev != toStat.st_dev)
+                return false;
+            const std::string wanted =
+                Join(SplitLast(to).first, SplitLast(NativeSeparators(target)).second);
+            return ::rename(from.c_str(), wanted.c_str()) == 0;
+        }
+        return ::rename(from.c_str(), to.c_str()) == 0;
+    }
+
+    bool renameOver(const std::string& source, const std::string& target) override
+    {
+        const std::string from = resolve(source);
+        const std::string to = resolve(target);
+        struct stat st {};
+        if (::lstat(to.c_str(), &st) == 0 && (S_ISDIR(st.st_mode) || IsReadOnly(st)))
+            return false;
+        if (::rename(from.c_str(), to.c_str()) != 0)
+            return false;
+        SyncFolderOf(to);
+        // A name that differs from the target only in letter case would shadow it for Windows
+        // programs; the target's own spelling is the one that stays.
+        removeCaseVariants(to);
+        return true;
+    }
+
+    bool deleteFile(const std::string& path) override
+    {
+        const std::string actual = resolve(path);
+        struct stat st {};
+        if (::lstat(actual.c_str(), &st) != 0 || S_ISDIR(st.st_mode))
+            return false;
+        if (!S_ISLNK(st.st_mode) && IsReadOnly(st))
+            return false;
+        return ::unlink(actual.c_str()) == 0;
+    }
+
+    bool deleteTree(const std::string& path) override
+    {
+        const std::string actual = resolve(path);
+        struct stat st {};
+        if (::lstat(actual.c_str(), &st) != 0)
+            return false;
+        if (!S_ISDIR(st.st_mode))
+            return deleteFile(actual);
+        std::vector<DirectoryEntry> entries;
+        if (!ReadFolder(actual, entries))
+            return false;
+        for (const DirectoryEntry& entry : entries) {
+            const std::string child = Join(actual, entry.name);
+            struct stat childStat {};
+            const bool isRealFolder =
+                ::lstat(child.c_str(), &childStat) == 0 && S_ISDIR(childStat.st_mode);
+            if (!(isRealFolder ? deleteTree(child) : deleteFile(child)))
+                return false;
+        }
+        return ::rmdir(actual.c_str()) == 0;
+    }
+
+    bool createFolders(const std::string& path) override
+    {
+        const std::string actual = resolve(path);
+        std::string partial;
+        std::size_t position = 0;
+        while (position <= actual.size()) {
+            std::size_t slash = actual.find('/', position);
+            if (slash == std::string::npos)
+                slash = actual.size();
+            partial = actual.substr(0, slash);
+            position = slash + 1;
+            if (partial.empty())
+                continue; // the root
+            if (::mkdir(partial.c_str(), 0777) != 0 && errno != EEXIST)
+                return false;
+        }
+        struct stat st {};
+        return ::stat(actual.c_str(), &st) == 0 && S_ISDIR(st.st_mode);
+    }
+
+    std::optional<std::string> readFile(const std::string& path) override
+    {
+        const int fd = ::open(resolve(path).c_str(), O_RDONLY | O_CLOEXEC);
+        if (fd < 0)
+            return std::nullopt;
+        std::string contents;
+        struct stat st {};
+        if (::fstat(fd, &st) == 0 && S_ISREG(st.st_mode))
+            contents.reserve(static_cast<std::size_t>(st.st_size));
+        char buffer[65536];
+        for (;;) {
+            const ssize_t got = ::read(fd, buffer, sizeof buffer);
+            if (got < 0 && errno == EINTR)
+                continue;
+            if (got < 0) {
+                ::close(fd);
+                return std::nullopt;
+            }
+            if (got == 0)
+                break;
+            contents.append(buffer, static_cast<std::size_t>(got));
+        }
+        ::close(fd);
+        return contents;
+    }
+
+    bool replaceFile(const std::string& path, const std::string& contents) override
+    {
+        const std::string actual = resolve(path);
+        struct stat st {};
+        mode_t mode = 0666 & ~currentUmask();
+        if (::stat(actual.c_str(), &st) == 0) {
+            if (!S_ISREG(st.st_mode) || IsReadOnly(st))
+                return false;
+            mode = st.st_mode & 07777;
+        }
+        const auto [folder, name] = SplitLast(actual);
+        std::string temporary = Join(folder, "." + name + ".XXXXXX");
+        const int fd = ::mkstemp(temporary.data());
+        if (fd < 0)
+            return false;
+        bool ok = WriteAll(fd, contents.data(), contents.size());
+        ok = ok && ::fchmod(fd, mode) == 0;
+        ok = ok && ::fsync(fd) == 0;
+        ok = (::close(fd) == 0) && ok;
+        ok = ok && ::rename(temporary.c_str(), actual.c_str()) == 0;
+        if (!ok) {
+            ::unlink(temporary.c_str());
+            return false;
+        }
+        SyncFolderOf(actual);
+        return true;
+    }
+
+    std::string resolve(const std::string& path) override
+    {
+        return resolveNative(NativeSeparators(path));
+    }
+
+private:
+    // A folder's entries by lower-cased name, kept while the folder is unchanged so that a
+    // name in the wrong case costs a lookup instead of a listing.
+    struct FolderIndex {
+        FileTime modified = 0;
+        ino_t inode = 0;
+        FileTime listedAt = 0;
+        std::unordered_map<std::string, std::string> byLowerName;
+    };
+
+    // A folder changed within this window of its listing may have changed again without a new
+    // time stamp (file system clocks tick coarsely), so such a listing is not trusted.
+    static constexpr FileTime kUntrustedWindow = 100'000'000; // 0.1 s
+    static constexpr std::size_t kMaxIndexedFolders = 4096;
+
+    static mode_t currentUmask()
+    {
+        const mode_t mask = ::umask(0);
+        ::umask(mask);
+        return mask;
+    }
+
+    // `path` with native separators; resolves components that exist only in another case.
+    std::string resolveNative(const std::string& path)
+    {
+        if (path.empty())
+            return path;
+        struct stat st {};
+        if (::lstat(path.c_str(), &st) == 0)
+            return path;
+        auto [folder, name] = SplitLast(path);
+        if (folder == path)
+            return path;
+        std::string parent = folder;
+        if (::stat(parent.c_str(), &st) != 0) {
+            parent = resolveNative(folder);
+            if (::stat(parent.c_str(), &st) != 0 || !S_ISDIR(st.st_mode))
+                return Join(parent, name);
+        }
+        if (!S_ISDIR(st.st_mode))
+            return Join(parent, name);
+        const std::string actual = findEntry(parent, st, name);
+        return Join(parent, actual.empty() ? name : actual);
+    }
+
+    // The on-disk name of `name` in `folder` (whose stat is given): the exact name when it
+    // exists, else the one differing only in case; "" when there is none.
+    std::string findEntry(const std::string& folder, const struct stat& folderStat,
+                          const std::string& name)
+    {
+        struct stat st {};
+        if (::lstat(Join(folder, name).c_str(), &st) == 0)
+            return name;
+        const FolderIndex* index = indexOf(folder, folderStat);
+        if (!index)
+            return {};
+        const auto found = index->byLowerName.find(ToLowerAscii(name));
+        return found == index->byLowerName.end() ? std::string() : found->second;
+    }
+
+    const FolderIndex* indexOf(const std::string& folder, const struct stat& folderStat)
+    {
+        const FileTime modified = ToFileTime(folderStat.st_mtim);
+        auto cached = indexes_.find(folder);
+        if (cached != indexes_.end() && cached->second.modified == modified &&
+            cached->second.inode == folderStat.st_ino &&
+            cached->second.listedAt - modified > kUntrustedWindow)
+            return &cached->second;
+
+        std::vector<DirectoryEntry> entries;
+        const FileTime listedAt = Now();
+        if (!ReadFolder(folder, entries))
+            return nullptr;
+        if (cached == indexes_.end()) {
+            if (indexes_.size() >= kMaxIndexedFolders)
+                indexes_.clear();
+            cached = indexes_.emplace(folder, FolderIndex{}).first;
+        }
+        FolderIndex& index = cached->second;
+        index.modified = modified;
+        index.inode = folderStat.st_ino;
+        index.listedAt = listedAt;
+        index.byLowerName.clear();
+        // Entries are sorted, so of several case variants the first in listing order wins.
+        for (const DirectoryEntry& entry : entries)
+            index.byLowerName.emplace(ToLowerAscii(entry.name), entry.name);
+        return &index;
+    }
+
+    void removeCaseVariants(const std::string& target)
+    {
+        const auto [folder, name] = SplitLast(target);
+        std::vector<DirectoryEntry> entries;
+        if (!ReadFolder(folder, entries))
+            return;
+        for (const DirectoryEntry& entry : entries)
+            if (!entry.isDirectory && entry.name != name && EqualsIgnoreCase(entry.name, name))
+                ::unlink(Join(folder, entry.name).c_str());
+    }
+
+    static bool copyContents(int in, int out, std::size_t size)
+    {
+        // The kernel copies without a trip through user space where it can.
+        std::size_t remaining = size;
+        while (remaining > 0) {
+            const ssize_t copied = ::copy_file_range(in, nullptr, out, nullptr, remaining, 0);
+            if (copied < 0 && errno == EINTR)
+                continue;
+            if (copied <= 0)
+                break;
+            remaining -= static_cast<std::size_t>(copied);
+        }
+        if (remaining == 0) {
+            // The file may have grown since it was measured: copy whatever follows.
+            char probe;
+            if (::pread(in, &probe, 1, static_cast<off_t>(size)) == 0)
+                return true;
+        }
+        // Fall back to plain reads and writes from where the fast path stopped.
+        off_t offset = static_cast<off_t>(size - remaining);
+        if (::lseek(out, offset, SEEK_SET) < 0)
+            return false;
+        char buffer[1 << 16];
+        for (;;) {
+            const ssize_t got = ::pread(in, buffer, sizeof buffer, offset);
+            if (got < 0 && errno == EINTR)
+                continue;
+            if (got < 0)
+                return false;
+            if (got == 0)
+                return true;
+            if (!WriteAll(out, buffer, static_cast<std::size_t>(got)))
+                return false;
+            offset += got;
+        }
+    }
+
+    std::unordered_map<std::string, FolderIndex> indexes_;
+};
+
+} // namespace
+
+std::unique_ptr<FileOperations> CreatePlatformFileOperations()
+{
+    return std::make_unique<PosixFileOperations>();
+}
+
+} // namespace vellumar

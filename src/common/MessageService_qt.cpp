@@ -1,0 +1,88 @@
+#include "MessageService_qt.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+
+#include <vector>
+
+namespace vellumar {
+
+namespace {
+
+struct ButtonSpec {
+    QMessageBox::StandardButton button;
+    int result;
+};
+
+std::vector<ButtonSpec> ButtonsOf(int style)
+{
+    using SB = QMessageBox::StandardButton;
+    switch (style & MessageStyle::ButtonsMask) {
+    case MessageStyle::OKCancel:
+        return {{SB::Ok, MessageResult::OK}, {SB::Cancel, MessageResult::Cancel}};
+    case MessageStyle::AbortRetryIgnore:
+        return {{SB::Abort, MessageResult::Abort},
+                {SB::Retry, MessageResult::Retry},
+                {SB::Ignore, MessageResult::Ignore}};
+    case MessageStyle::YesNoCancel:
+        return {{SB::Yes, MessageResult::Yes},
+                {SB::No, MessageResult::No},
+                {SB::Cancel, MessageResult::Cancel}};
+    case MessageStyle::YesNo:
+        return {{SB::Yes, MessageResult::Yes}, {SB::No, MessageResult::No}};
+    case MessageStyle::RetryCancel:
+        return {{SB::Retry, MessageResult::Retry}, {SB::Cancel, MessageResult::Cancel}};
+    default:
+        return {{SB::Ok, MessageResult::OK}};
+    }
+}
+
+QMessageBox::Icon IconOf(int style)
+{
+    switch (style & MessageStyle::IconMask) {
+    case MessageStyle::Critical:
+        return QMessageBox::Critical;
+    case MessageStyle::Question:
+        return QMessageBox::Question;
+    case MessageStyle::Exclamation:
+        return QMessageBox::Warning;
+    case MessageStyle::Information:
+        return QMessageBox::Information;
+    default:
+        return QMessageBox::NoIcon;
+    }
+}
+
+} // namespace
+
+QtMessageService::QtMessageService(QWidget* owner)
+    : owner_(owner)
+{
+}
+
+int QtMessageService::ShowMessage(const std::string& text, int style, const std::string& title)
+{
+    return ShowSystemMessage(text, style, title);
+}
+
+int QtMessageService::ShowSystemMessage(const std::string& text, int style,
+                                        const std::string& title)
+{
+    QMessageBox box(IconOf(style), QString::fromStdString(title), QString::fromStdString(text),
+                    QMessageBox::NoButton, owner_);
+    const std::vector<ButtonSpec> buttons = ButtonsOf(style);
+    for (const ButtonSpec& spec : buttons)
+        box.addButton(spec.button);
+    const int defaultResult = DefaultAnswer(style);
+    for (const ButtonSpec& spec : buttons)
+        if (spec.result == defaultResult)
+            box.setDefaultButton(spec.button);
+    const auto pressed = static_cast<QMessageBox::StandardButton>(box.exec());
+    for (const ButtonSpec& spec : buttons)
+        if (spec.button == pressed)
+            return spec.result;
+    // Closed without a button: the answer of Escape, the last button of the set.
+    return buttons.back().result;
+}
+
+} // namespace vellumar

@@ -1,0 +1,45 @@
+#include "ReplaceFile.h"
+
+#include "FileOperations.h"
+#include "PathText.h"
+
+#include <atomic>
+#include <string>
+
+namespace vellumar {
+
+std::string TemporarySiblingName(const std::string& target)
+{
+    // Unique within the process; a stale name left by a crash is simply removed and reused.
+    static std::atomic<unsigned> counter{0};
+    const std::string folder = FolderOfPath(target);
+    std::string name = ".vellumar-" + std::to_string(++counter) + ".tmp";
+    if (folder == target) // a bare name: the temporary file goes beside it
+        return name;
+    return folder + target[folder.size()] + name;
+}
+
+bool ReplaceFileWithCopy(FileOperations& files, const std::string& source,
+                         const std::string& target)
+{
+    if (const auto attributes = files.attributes(target)) {
+        if (*attributes & (FileAttribute::ReadOnly | FileAttribute::Directory))
+            return false;
+    }
+    const std::string temporary = TemporarySiblingName(target);
+    // The copy carries the source's attributes, read-only included, so clear them first.
+    auto removeTemporary = [&] {
+        if (files.attributes(temporary)) {
+            files.setAttributes(temporary, FileAttribute::Archive);
+            files.deleteFile(temporary);
+        }
+    };
+    removeTemporary();
+    if (!files.copyFile(source, temporary) || !files.renameOver(temporary, target)) {
+        removeTemporary();
+        return false;
+    }
+    return true;
+}
+
+} // namespace vellumar

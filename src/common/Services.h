@@ -1,0 +1,20 @@
+#pragma once
+
+namespace vellumar {
+
+class MessageService;
+class EventPump;
+class FileOperations;
+class Registry;
+class SystemFolders;
+
+// Every door from core to the world, handed in by the program, the command-line tool or a test.
+struct Services {
+    MessageService& messages;
+    EventPump& events;
+    FileOperations& files;
+    Registry& registry;
+    SystemFolders& systemFolders;
+};
+
+} // namespace vellumar

@@ -1,0 +1,27 @@
+#include "FakeMessageService.h"
+
+namespace vellumar::test {
+
+int FakeMessageService::answer(int style)
+{
+    if (answers_.empty())
+        return DefaultAnswer(style);
+    const int next = answers_.front();
+    answers_.pop_front();
+    return next;
+}
+
+int FakeMessageService::ShowMessage(const std::string& text, int style, const std::string& title)
+{
+    shown_.push_back({title, text, style, false});
+    return answer(style);
+}
+
+int FakeMessageService::ShowSystemMessage(const std::string& text, int style,
+                                          const std::string& title)
+{
+    shown_.push_back({title, text, style, true});
+    return answer(style);
+}
+
+} // namespace vellumar::test

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "MessageService.h"
+
+#include <deque>
+#include <string>
+#include <vector>
+
+namespace vellumar::test {
+
+// Records every message and answers from a script of next answers; with the script empty it
+// answers with the default button.
+class FakeMessageService final : public MessageService {
+public:
+    struct Shown {
+        std::string title;
+        std::string text;
+        int style = 0;
+        bool system = false; // the plain system message box
+    };
+
+    int ShowMessage(const std::string& text, int style, const std::string& title) override;
+    int ShowSystemMessage(const std::string& text, int style, const std::string& title) override;
+
+    void answerNext(int result) { answers_.push_back(result); }
+
+    const std::vector<Shown>& shown() const { return shown_; }
+    const Shown& last() const { return shown_.back(); }
+    bool empty() const { return shown_.empty(); }
+
+private:
+    int answer(int style);
+
+    std::deque<int> answers_;
+    std::vector<Shown> shown_;
+};
+
+} // namespace vellumar::test

@@ -1,0 +1,22 @@
+#include "FakeRegistry.h"
+
+#include "TextCompare.h"
+
+namespace vellumar::test {
+
+void FakeRegistry::set(std::uint32_t hive, const std::string& keyPath,
+                       const std::string& valueName, const std::string& text)
+{
+    values_[{hive, ToLowerAscii(keyPath), ToLowerAscii(valueName)}] = text;
+}
+
+std::optional<std::string> FakeRegistry::readString(std::uint32_t hive, const std::string& keyPath,
+                                                    const std::string& valueName)
+{
+    const auto found = values_.find({hive, ToLowerAscii(keyPath), ToLowerAscii(valueName)});
+    if (found == values_.end())
+        return std::nullopt;
+    return found->second;
+}
+
+} // namespace vellumar::test

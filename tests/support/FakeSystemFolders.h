@@ -1,0 +1,20 @@
+#pragma once
+
+#include "SystemFolders.h"
+
+#include <string>
+
+namespace vellumar::test {
+
+// System folders chosen by the test (normally temporary folders).
+class FakeSystemFolders final : public SystemFolders {
+public:
+    std::string program, windows, documents, appData;
+
+    std::string programFolder() override { return program; }
+    std::string windowsFolder() override { return windows; }
+    std::string documentsFolder() override { return documents; }
+    std::string appDataFolder() override { return appData; }
+};
+
+} // namespace vellumar::test

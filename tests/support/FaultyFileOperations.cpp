@@ -1,0 +1,89 @@
+#include "FaultyFileOperations.h"
+
+namespace vellumar::test {
+
+FaultyFileOperations::FaultyFileOperations()
+    : real_(CreatePlatformFileOperations())
+{
+}
+
+bool FaultyFileOperations::search(const std::string& pattern, const EntryVisitor& visit)
+{
+    return real_->search(pattern, visit);
+}
+
+std::optional<std::uint32_t> FaultyFileOperations::attributes(const std::string& path)
+{
+    return real_->attributes(path);
+}
+
+bool FaultyFileOperations::setAttributes(const std::string& path, std::uint32_t attributes)
+{
+    return real_->setAttributes(path, attributes);
+}
+
+std::optional<FileTime> FaultyFileOperations::modificationTime(const std::string& path)
+{
+    return real_->modificationTime(path);
+}
+
+bool FaultyFileOperations::copyFile(const std::string& source, const std::string& target)
+{
+    ++copies;
+    if (failCopy && failCopy(source, target))
+        return false;
+    if (failCopyHalfway && failCopyHalfway(source, target)) {
+        // Leave a truncated target behind, as a full disk would, and report the failure.
+        const auto contents = real_->readFile(source);
+        if (contents && !real_->attributes(target))
+            real_->replaceFile(target, contents->substr(0, contents->size() / 2));
+        return false;
+    }
+    return real_->copyFile(source, target);
+}
+
+bool FaultyFileOperations::moveFile(const std::string& source, const std::string& target)
+{
+    return real_->moveFile(source, target);
+}
+
+bool FaultyFileOperations::renameOver(const std::string& source, const std::string& target)
+{
+    return real_->renameOver(source, target);
+}
+
+bool FaultyFileOperations::deleteFile(const std::string& path)
+{
+    ++deletes;
+    if (failDelete && failDelete(path))
+        return false;
+    return real_->deleteFile(path);
+}
+
+bool FaultyFileOperations::deleteTree(const std::string& path)
+{
+    if (failDelete && failDelete(path))
+        return false;
+    return real_->deleteTree(path);
+}
+
+bool FaultyFileOperations::createFolders(const std::string& path)
+{
+    return real_->createFolders(path);
+}
+
+std::optional<std::string> FaultyFileOperations::readFile(const std::string& path)
+{
+    return real_->readFile(path);
+}
+
+bool FaultyFileOperations::replaceFile(const std::string& path, const std::string& contents)
+{
+    if (failReplace && failReplace(path))
+        return false;
+    return real_->replaceFile(path, contents);
+}
+
+std::string FaultyFileOperations::resolve(const std::string& path) { return real_->resolve(path); }
+
+} // namespace vellumar::test
