@@ -1,0 +1,81 @@
+#include "FakeMessageService.h"
+#include "PathText.h"
+
+#include <gtest/gtest.h>
+
+namespace vellumar {
+namespace {
+
+TEST(PathText, TrimTrailingBackslashRemovesEverySeparatorThenBlanks)
+{
+    std::string path = "C:\\a\\\\";
+    EXPECT_EQ(TrimTrailingBackslash(path), "C:\\a");
+    EXPECT_EQ(path, "C:\\a"); // changed in place as well
+    EXPECT_EQ(TrimTrailingBackslash(std::string_view("  C:\\b\\ ")), "C:\\b\\");
+    EXPECT_EQ(TrimTrailingBackslash(std::string_view("C:\\a")), "C:\\a");
+    EXPECT_EQ(TrimTrailingBackslash(std::string_view("")), "");
+}
+
+#ifndef _WIN32
+TEST(PathText, TheRootFolderSurvivesTrimmingOnLinux)
+{
+    EXPECT_EQ(TrimTrailingBackslash(std::string_view("/")), "/");
+    EXPECT_EQ(TrimTrailingBackslash(std::string_view("//")), "/");
+    EXPECT_EQ(TrimTrailingBackslash(std::string_view("/home/user/")), "/home/user");
+}
+#endif
+
+TEST(PathText, FolderOfPath)
+{
+    EXPECT_EQ(FolderOfPath("file.txt"), "file.txt");
+    EXPECT_EQ(FolderOfPath("C:\\a\\b.bmp"), "C:\\a");
+    EXPECT_EQ(FolderOfPath("\\b.bmp"), "");
+    EXPECT_EQ(FolderOfPath("/home/user/b.bmp"), "/home/user");
+    EXPECT_EQ(FolderOfPath("/home/user\\texture\\b.bmp"), "/home/user\\texture");
+}
+
+TEST(PathText, TextAfterLastKeepsItsAsymmetry)
+{
+    EXPECT_EQ(TextAfterLast("\\abc", '\\'), "");
+    EXPECT_EQ(TextAfterLast("abc", '\\'), "abc");
+    EXPECT_EQ(TextAfterLast("a\\b\\ c ", '\\'), "c");
+    EXPECT_EQ(TextAfterLast("a\\b\\", '\\'), "");
+    EXPECT_EQ(TextAfterLast(" no separator ", '\\'), " no separator ");
+    EXPECT_EQ(TextAfterLast("x.y.bmp", '.'), "bmp");
+}
+
+TEST(PathText, FileNameOfPath)
+{
+    test::FakeMessageService messages;
+    EXPECT_EQ(FileNameOfPath("C:\\a\\b.bmp", messages), "b.bmp");
+    EXPECT_EQ(FileNameOfPath("b.bmp", messages), "b.bmp");
+    EXPECT_EQ(FileNameOfPath("/data/Texture/cloud3.bmp", messages), "cloud3.bmp");
+    EXPECT_TRUE(messages.empty());
+}
+
+TEST(PathText, FileNameOfPathEndingInSeparatorTellsTheUserAndGoesOn)
+{
+    test::FakeMessageService messages;
+    EXPECT_EQ(FileNameOfPath("C:\\a\\", messages), "");
+    ASSERT_EQ(messages.shown().size(), 1u);
+    const auto& shown = messages.last();
+    EXPECT_TRUE(shown.system);
+    EXPECT_EQ(shown.title, "");
+    EXPECT_EQ(shown.style, MessageStyle::OKOnly);
+    EXPECT_EQ(shown.text, "ファイル名とりこみでパス名の最後に￥がありました。");
+}
+
+TEST(PathText, CutAtNul)
+{
+    EXPECT_EQ(CutAtNul(std::string_view("name.bmp\0\0\0junk", 16)), "name.bmp");
+    EXPECT_EQ(CutAtNul("  plain  "), "plain");
+    EXPECT_EQ(CutAtNul(std::string_view("\0abc", 4)), "");
+}
+
+TEST(PathText, JoinPathUsesTheNativeSeparator)
+{
+    EXPECT_EQ(JoinPath("a", "b"), std::string("a") + kNativeSeparator + "b");
+}
+
+} // namespace
+} // namespace vellumar
