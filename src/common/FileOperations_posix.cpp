@@ -140,9 +140,9 @@ public:
         const auto [folderPart, name] = SplitLast(NativeSeparators(pattern));
         if (name.empty())
             return false;
-        const std::string folder = resolveNative(folderPart);
+        std::string folder;
         struct stat st {};
-        if (::stat(folder.c_str(), &st) != 0 || !S_ISDIR(st.st_mode))
+        if (!resolveFolder(folderPart, folder, st))
             return false;
 
         if (!HasWildcards(name)) {
@@ -150,12 +150,8 @@ public:
                 visit({name, true});
                 return true;
             }
-            const std::string actual = findEntry(folder, st, name);
-            struct stat entry {};
-            if (!actual.empty() && ::stat(Join(folder, actual).c_str(), &entry) == 0)
-                visit({actual, S_ISDIR(entry.st_mode)});
-            else if (!actual.empty() && ::lstat(Join(folder, actual).c_str(), &entry) == 0)
-                visit({actual, false}); // a dangling link is still an entry
+            if (const DirectoryEntry* entry = lookup(folder, st, name))
+                visit(*entry);
             return true;
         }
 
@@ -386,12 +382,13 @@ public:
 
 private:
     // A folder's entries by lower-cased name, kept while the folder is unchanged so that a
-    // name in the wrong case costs a lookup instead of a listing.
+    // name costs a lookup instead of a listing, whatever its letter case.
     struct FolderIndex {
         FileTime modified = 0;
         ino_t inode = 0;
         FileTime listedAt = 0;
-        std::unordered_map<std::string, std::string> byLowerName;
+        std::unordered_map<std::string, DirectoryEntry> byLowerName;
+        bool hasCaseVariants = false; // some names differ only in letter case
     };
 
     // A folder changed within this window of its listing may have changed again without a new
@@ -406,6 +403,48 @@ private:
         return mask;
     }
 
+    // Resolves a folder path (native separators), giving its spelling on disk and its stat.
+    bool resolveFolder(const std::string& path, std::string& resolved, struct stat& st)
+    {
+        // A spelling resolved before is looked up in its parent's listing again right away,
+        // which notices as well when a folder of exactly that spelling has appeared since.
+        if (const auto alias = folderAliases_.find(path); alias != folderAliases_.end()) {
+            if (resolveChild(alias->second.first, alias->second.second, resolved, st))
+                return true;
+            folderAliases_.erase(alias);
+        }
+        if (::stat(path.c_str(), &st) == 0) {
+            resolved = path;
+            return S_ISDIR(st.st_mode);
+        }
+        const auto [parent, name] = SplitLast(path);
+        if (parent == path || name.empty())
+            return false;
+        std::string resolvedParent;
+        struct stat parentStat {};
+        if (!resolveFolder(parent, resolvedParent, parentStat) ||
+            !resolveChild(resolvedParent, name, resolved, st))
+            return false;
+        if (folderAliases_.size() >= kMaxIndexedFolders)
+            folderAliases_.clear();
+        folderAliases_.emplace(path, std::make_pair(std::move(resolvedParent), name));
+        return true;
+    }
+
+    // The subfolder `name` (in any letter case) of the resolved folder `parent`.
+    bool resolveChild(const std::string& parent, const std::string& name, std::string& resolved,
+                      struct stat& st)
+    {
+        struct stat parentStat {};
+        if (::stat(parent.c_str(), &parentStat) != 0)
+            return false;
+        const DirectoryEntry* entry = lookup(parent, parentStat, name);
+        if (!entry || !entry->isDirectory)
+            return false;
+        resolved = Join(parent, entry->name);
+        return ::stat(resolved.c_str(), &st) == 0 && S_ISDIR(st.st_mode);
+    }
+
     // `path` with native separators; resolves components that exist only in another case.
     std::string resolveNative(const std::string& path)
     {
@@ -414,34 +453,37 @@ private:
         struct stat st {};
         if (::lstat(path.c_str(), &st) == 0)
             return path;
-        auto [folder, name] = SplitLast(path);
+        const auto [folder, name] = SplitLast(path);
         if (folder == path)
             return path;
-        std::string parent = folder;
-        if (::stat(parent.c_str(), &st) != 0) {
-            parent = resolveNative(folder);
-            if (::stat(parent.c_str(), &st) != 0 || !S_ISDIR(st.st_mode))
-                return Join(parent, name);
-        }
-        if (!S_ISDIR(st.st_mode))
-            return Join(parent, name);
-        const std::string actual = findEntry(parent, st, name);
-        return Join(parent, actual.empty() ? name : actual);
+        std::string resolvedFolder;
+        struct stat folderStat {};
+        if (!resolveFolder(folder, resolvedFolder, folderStat))
+            return Join(resolveNative(folder), name);
+        const DirectoryEntry* entry = lookup(resolvedFolder, folderStat, name);
+        return Join(resolvedFolder, entry ? entry->name : name);
     }
 
-    // The on-disk name of `name` in `folder` (whose stat is given): the exact name when it
-    // exists, else the one differing only in case; "" when there is none.
-    std::string findEntry(const std::string& folder, const struct stat& folderStat,
-                          const std::string& name)
+    // The entry of `folder` (whose stat is given) named `name` in any letter case; the exact
+    // spelling wins over its case variants.
+    const DirectoryEntry* lookup(const std::string& folder, const struct stat& folderStat,
+                                 const std::string& name)
     {
-        struct stat st {};
-        if (::lstat(Join(folder, name).c_str(), &st) == 0)
-            return name;
         const FolderIndex* index = indexOf(folder, folderStat);
         if (!index)
-            return {};
+            return nullptr;
         const auto found = index->byLowerName.find(ToLowerAscii(name));
-        return found == index->byLowerName.end() ? std::string() : found->second;
+        if (found == index->byLowerName.end())
+            return nullptr;
+        if (index->hasCaseVariants && found->second.name != name) {
+            struct stat st {};
+            if (::lstat(Join(folder, name).c_str(), &st) == 0) {
+                exactVariant_ = {name, ::stat(Join(folder, name).c_str(), &st) == 0 &&
+                                           S_ISDIR(st.st_mode)};
+                return &exactVariant_;
+            }
+        }
+        return &found->second;
     }
 
     const FolderIndex* indexOf(const std::string& folder, const struct stat& folderStat)
@@ -467,9 +509,14 @@ private:
         index.inode = folderStat.st_ino;
         index.listedAt = listedAt;
         index.byLowerName.clear();
+        index.hasCaseVariants = false;
         // Entries are sorted, so of several case variants the first in listing order wins.
-        for (const DirectoryEntry& entry : entries)
-            index.byLowerName.emplace(ToLowerAscii(entry.name), entry.name);
+        for (DirectoryEntry& entry : entries) {
+            std::string lowered = ToLowerAscii(entry.name);
+            index.hasCaseVariants =
+                !index.byLowerName.emplace(std::move(lowered), std::move(entry)).second ||
+                index.hasCaseVariants;
+        }
         return &index;
     }
 
@@ -522,6 +569,9 @@ private:
     }
 
     std::unordered_map<std::string, FolderIndex> indexes_;
+    // Folder spellings that exist only in another letter case: resolved parent and name.
+    std::unordered_map<std::string, std::pair<std::string, std::string>> folderAliases_;
+    DirectoryEntry exactVariant_; // the answer of lookup() when it had to look past the index
 };
 
 } // namespace

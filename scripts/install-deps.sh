@@ -1,0 +1,46 @@
+#!/usr/bin/env bash
+# Installs the Debian 12 packages Vellumar needs, and nothing when they are all there already.
+#
+#   scripts/install-deps.sh [build] [windows] [fuzz] [screenshots]
+#
+#   build        compilers, CMake, Qt 6, GoogleTest and Google Benchmark (the default)
+#   windows      the MinGW-w64 cross compiler and Wine, for the Windows test suite
+#   fuzz         clang and its sanitizer runtimes, for the libFuzzer targets
+#   screenshots  Xvfb and ImageMagick, for screenshots of the windows
+set -euo pipefail
+
+declare -A groups=(
+    [build]="cmake ninja-build g++ pkg-config ccache qt6-base-dev qt6-multimedia-dev
+             gstreamer1.0-plugins-base gstreamer1.0-plugins-good libgtest-dev googletest
+             libbenchmark-dev"
+    [windows]="g++-mingw-w64-x86-64-posix wine64 wine googletest xvfb xauth"
+    [fuzz]="clang libclang-rt-14-dev"
+    [screenshots]="xvfb xauth imagemagick x11-apps"
+)
+
+wanted=("$@")
+[ ${#wanted[@]} -gt 0 ] || wanted=(build)
+
+packages=()
+for group in "${wanted[@]}"; do
+    [ -n "${groups[$group]+x}" ] || { echo "install-deps: unknown group '$group'" >&2; exit 2; }
+    # shellcheck disable=SC2206
+    packages+=(${groups[$group]})
+done
+
+missing=()
+for package in "${packages[@]}"; do
+    status=$(dpkg-query -W -f='${Status}' "$package" 2>/dev/null || true)
+    [ "$status" = "install ok installed" ] || missing+=("$package")
+done
+[ ${#missing[@]} -gt 0 ] || exit 0
+
+echo "Installing: ${missing[*]}"
+sudo=""
+if [ "$(id -u)" -ne 0 ]; then
+    command -v sudo >/dev/null || { echo "install-deps: run as root or install sudo" >&2; exit 1; }
+    sudo=sudo
+fi
+export DEBIAN_FRONTEND=noninteractive
+$sudo apt-get update -qq
+$sudo apt-get install -y -qq --no-install-recommends "${missing[@]}"
