@@ -78,6 +78,9 @@ void CompareWith(const std::string& subject, const std::string& floor, double ta
     MutableComparisons().push_back({subject, floor, target});
 }
 
-const std::vector<Comparison>& Comparisons() { return MutableComparisons(); }
+const std::vector<Comparison>& Comparisons()
+{
+    return MutableComparisons();
+}
 
 } // namespace vellumar::bench

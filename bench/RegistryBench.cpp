@@ -15,7 +15,8 @@ namespace vellumar::bench {
 namespace {
 
 const char* const kKey = "Software\\Microsoft\\Microsoft Games\\Flight Simulator";
-const char* const kEscapedKey = "Software\\\\Microsoft\\\\Microsoft Games\\\\Flight Simulator\\\\9.0";
+const char* const kEscapedKey =
+    "Software\\\\Microsoft\\\\Microsoft Games\\\\Flight Simulator\\\\9.0";
 
 // An 8 MB system.reg: class registrations and uninstall entries, as a used prefix has them.
 const std::string& Prefix()
@@ -49,8 +50,8 @@ void BM_RegistryAbsentValue_InProcess(benchmark::State& state)
     ::setenv("WINEPREFIX", Prefix().c_str(), 1);
     const auto registry = CreatePlatformRegistry();
     for (auto _ : state) {
-        auto value = registry->readString(RegistryHive::LocalMachine,
-                                          std::string(kKey) + "\\9.0", "EXE Path");
+        auto value = registry->readString(RegistryHive::LocalMachine, std::string(kKey) + "\\9.0",
+                                          "EXE Path");
         benchmark::DoNotOptimize(value);
     }
 }

@@ -27,6 +27,12 @@ if(VELLUMAR_SANITIZE)
     target_link_options(vellumar_common_cfg INTERFACE -fsanitize=address,undefined)
 endif()
 
+if(VELLUMAR_FUZZ)
+    target_compile_options(vellumar_common_cfg INTERFACE
+        -fsanitize=fuzzer-no-link,address,undefined -fno-omit-frame-pointer)
+    target_link_options(vellumar_common_cfg INTERFACE -fsanitize=address,undefined)
+endif()
+
 # The Qt side is strict about text: every conversion from a byte string is spelled out.
 set(VELLUMAR_QT_DEFINITIONS
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING

@@ -11,7 +11,10 @@ namespace {
 constexpr std::string_view kUtf8Bom = "\xEF\xBB\xBF";
 
 // The platform trims Ctrl-Z along with the usual blanks: old editors ended files with it.
-bool IsProfileSpace(char c) { return IsBlank(c) || c == '\x1A'; }
+bool IsProfileSpace(char c)
+{
+    return IsBlank(c) || c == '\x1A';
+}
 
 std::string_view TrimProfileSpace(std::string_view text)
 {
@@ -41,7 +44,7 @@ struct Line {
     std::string_view value;     // trimmed and cut at NUL
     std::size_t valueBegin = 0; // the raw value's span in the file
     std::size_t valueEnd = 0;
-    std::size_t nameEnd = 0;    // where the trimmed line content ends
+    std::size_t nameEnd = 0; // where the trimmed line content ends
 };
 
 Line ParseLine(std::string_view contents, std::size_t begin, std::size_t contentEnd,

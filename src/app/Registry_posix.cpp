@@ -71,9 +71,8 @@ public:
     }
 
 private:
-    static std::optional<std::string> scan(const std::string& file,
-                                           std::vector<std::string> candidates,
-                                           const std::string& valueName)
+    static std::optional<std::string>
+    scan(const std::string& file, std::vector<std::string> candidates, const std::string& valueName)
     {
         const int fd = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
         if (fd < 0)
@@ -98,6 +97,9 @@ private:
 
 } // namespace
 
-std::unique_ptr<Registry> CreatePlatformRegistry() { return std::make_unique<WinePrefixRegistry>(); }
+std::unique_ptr<Registry> CreatePlatformRegistry()
+{
+    return std::make_unique<WinePrefixRegistry>();
+}
 
 } // namespace vellumar

@@ -92,7 +92,8 @@ public:
             return home.empty() ? std::string() : XdgDocumentsFolder(home, configHome(home));
         }
         const std::string profile = WinePrefix::UserProfileFolder(prefix);
-        return profile.empty() ? std::string() : FirstExisting(profile, {"Documents", "My Documents"});
+        return profile.empty() ? std::string()
+                               : FirstExisting(profile, {"Documents", "My Documents"});
     }
 
     std::string appDataFolder() override

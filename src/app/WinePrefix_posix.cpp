@@ -1,6 +1,5 @@
-#include "WinePrefix.h"
-
 #include "TextCompare.h"
+#include "WinePrefix.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -66,8 +65,9 @@ std::string HostPath(const std::string& prefix, const std::string& windowsPath)
 {
     std::string rest = windowsPath;
     fs::path base;
-    const bool hasDrive = rest.size() >= 2 && rest[1] == ':' &&
-                          ((rest[0] >= 'A' && rest[0] <= 'Z') || (rest[0] >= 'a' && rest[0] <= 'z'));
+    const bool hasDrive =
+        rest.size() >= 2 && rest[1] == ':' &&
+        ((rest[0] >= 'A' && rest[0] <= 'Z') || (rest[0] >= 'a' && rest[0] <= 'z'));
     if (hasDrive) {
         const char letter = ToLowerAscii(rest[0]);
         const fs::path device = fs::path(prefix) / "dosdevices" / std::string{letter, ':'};

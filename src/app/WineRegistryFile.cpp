@@ -132,7 +132,7 @@ std::string EscapedHeader(std::string_view path, bool& plainAscii)
 } // namespace
 
 std::optional<std::pair<std::string, std::size_t>> UnescapeRegistryString(std::string_view text,
-                                                                           char closing)
+                                                                          char closing)
 {
     std::vector<std::uint16_t> units;
     std::string raw; // bytes outside escapes, kept as they are (the file is UTF-8)
@@ -160,14 +160,30 @@ std::optional<std::pair<std::string, std::size_t>> UnescapeRegistryString(std::s
             break;
         const char e = text[i++];
         switch (e) {
-        case 'a': units.push_back('\a'); break;
-        case 'b': units.push_back('\b'); break;
-        case 'e': units.push_back(0x1B); break;
-        case 'f': units.push_back('\f'); break;
-        case 'n': units.push_back('\n'); break;
-        case 'r': units.push_back('\r'); break;
-        case 't': units.push_back('\t'); break;
-        case 'v': units.push_back('\v'); break;
+        case 'a':
+            units.push_back('\a');
+            break;
+        case 'b':
+            units.push_back('\b');
+            break;
+        case 'e':
+            units.push_back(0x1B);
+            break;
+        case 'f':
+            units.push_back('\f');
+            break;
+        case 'n':
+            units.push_back('\n');
+            break;
+        case 'r':
+            units.push_back('\r');
+            break;
+        case 't':
+            units.push_back('\t');
+            break;
+        case 'v':
+            units.push_back('\v');
+            break;
         case 'x': {
             std::uint32_t value = 0;
             int digits = 0;
@@ -181,9 +197,8 @@ std::optional<std::pair<std::string, std::size_t>> UnescapeRegistryString(std::s
         default:
             if (e >= '0' && e <= '7') {
                 std::uint32_t value = static_cast<std::uint32_t>(e - '0');
-                for (int digits = 1; digits < 3 && i < text.size() && text[i] >= '0' &&
-                                     text[i] <= '7';
-                     ++digits)
+                for (int digits = 1;
+                     digits < 3 && i < text.size() && text[i] >= '0' && text[i] <= '7'; ++digits)
                     value = value * 8 + static_cast<std::uint32_t>(text[i++] - '0');
                 units.push_back(static_cast<std::uint16_t>(value));
             } else {

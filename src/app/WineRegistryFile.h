@@ -36,9 +36,8 @@ public:
     std::optional<std::string> result() const;
 
     // Convenience for a whole file in memory.
-    static std::optional<std::string> Find(std::string_view contents,
-                                           std::vector<std::string> keyPaths,
-                                           std::string valueName);
+    static std::optional<std::string>
+    Find(std::string_view contents, std::vector<std::string> keyPaths, std::string valueName);
 
 private:
     bool processLine(std::string_view line);
@@ -49,7 +48,7 @@ private:
         std::string path;
         std::string escapedHeader; // "[" + path as Wine writes it, for a quick comparison
         bool plainAscii = true;
-        bool seen = false;  // its key has been passed
+        bool seen = false; // its key has been passed
         std::optional<std::string> value;
     };
 
@@ -65,6 +64,6 @@ private:
 // up to the closing quote (or `end` character); returns the text in UTF-8 and the position
 // after the closing character, or nothing when the closing character is missing.
 std::optional<std::pair<std::string, std::size_t>> UnescapeRegistryString(std::string_view text,
-                                                                           char closing);
+                                                                          char closing);
 
 } // namespace vellumar

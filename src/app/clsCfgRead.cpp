@@ -13,8 +13,7 @@ namespace vellumar {
 clsCfgRead::clsCfgRead(FileOperations& files, MessageService& messages)
     : files_(files)
     , messages_(messages)
-{
-}
+{}
 
 std::string clsCfgRead::Data()
 {

@@ -9,8 +9,7 @@ namespace vellumar {
 
 clsCfgWrite::clsCfgWrite(FileOperations& files)
     : files_(files)
-{
-}
+{}
 
 void clsCfgWrite::cWrite()
 {

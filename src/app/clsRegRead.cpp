@@ -7,8 +7,7 @@ namespace vellumar {
 clsRegRead::clsRegRead(Registry& registry, std::string windowsPath)
     : registry_(registry)
     , windowsPath_(std::move(windowsPath))
-{
-}
+{}
 
 std::string clsRegRead::RegData()
 {

@@ -69,18 +69,17 @@ int IniSet(const Arguments& args, Services& services, std::ostream& err)
     writer.cWrite();
 
     // The writer reports nothing, so check that the file now reads as it should.
-    const std::string expected =
-        writer.Value.empty()
-            ? std::string(kError)
-            : ProfileText::Read("[s]\nk=" + writer.Value, "s", "k", kError, clsCfgRead::kBufferSize);
+    const std::string expected = writer.Value.empty()
+                                     ? std::string(kError)
+                                     : ProfileText::Read("[s]\nk=" + writer.Value, "s", "k", kError,
+                                                         clsCfgRead::kBufferSize);
     const std::optional<std::string> contents = services.files.readFile(writer.FileName);
-    const bool written =
-        contents && !writer.Section.empty() && !writer.Key.empty() &&
-        ProfileText::Read(*contents, writer.Section, writer.Key, kError, clsCfgRead::kBufferSize) ==
-            expected;
+    const bool written = contents && !writer.Section.empty() && !writer.Key.empty() &&
+                         ProfileText::Read(*contents, writer.Section, writer.Key, kError,
+                                           clsCfgRead::kBufferSize) == expected;
     if (!written) {
-        err << "vellumar-cli: could not write [" << writer.Section << "] " << writer.Key
-            << " in " << writer.FileName << '\n';
+        err << "vellumar-cli: could not write [" << writer.Section << "] " << writer.Key << " in "
+            << writer.FileName << '\n';
         return CliExit::Failed;
     }
     return CliExit::Success;

@@ -17,8 +17,8 @@ inline constexpr int UsageError = 2; // the command line was wrong; the usage te
 
 // Runs one vellumar-cli command line (without the program name) over the core, printing
 // results on `out` and usage texts and failures on `err`.
-int RunCliCommand(const std::vector<std::string>& arguments, Services& services,
-                  std::ostream& out, std::ostream& err);
+int RunCliCommand(const std::vector<std::string>& arguments, Services& services, std::ostream& out,
+                  std::ostream& err);
 
 // The usage text printed by --help and after a usage error.
 std::string CliUsage();

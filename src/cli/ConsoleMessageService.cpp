@@ -6,11 +6,9 @@ namespace vellumar {
 
 ConsoleMessageService::ConsoleMessageService(std::ostream& out)
     : out_(out)
-{
-}
+{}
 
-int ConsoleMessageService::ShowMessage(const std::string& text, int style,
-                                       const std::string& title)
+int ConsoleMessageService::ShowMessage(const std::string& text, int style, const std::string& title)
 {
     out_ << "== " << title << " ==\n" << text << '\n';
     out_.flush();

@@ -4,6 +4,9 @@
 
 namespace vellumar {
 
-void QtEventPump::DoEvents() { QCoreApplication::processEvents(); }
+void QtEventPump::DoEvents()
+{
+    QCoreApplication::processEvents();
+}
 
 } // namespace vellumar

@@ -18,7 +18,10 @@ namespace {
 // or simulator folder is anywhere near this deep.
 constexpr int kMaxTreeDepth = 32;
 
-bool IsDotEntry(std::string_view name) { return name == "." || name == ".."; }
+bool IsDotEntry(std::string_view name)
+{
+    return name == "." || name == "..";
+}
 
 // One listing of a folder: every entry, in listing order, with the event pump run per entry.
 std::vector<DirectoryEntry> ListFolder(FileOperations& files, EventPump& events,
@@ -68,8 +71,8 @@ void FindFileInTreeAt(FileOperations& files, EventPump& events, const std::strin
     for (const DirectoryEntry& entry : ListFolder(files, events, folder)) {
         if (!entry.isDirectory)
             continue;
-        FindFileInTreeAt(files, events, JoinPath(folder, entry.name), fileName, found,
-                         foundFolder, depth + 1);
+        FindFileInTreeAt(files, events, JoinPath(folder, entry.name), fileName, found, foundFolder,
+                         depth + 1);
         if (found)
             return;
     }

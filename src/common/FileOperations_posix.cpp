@@ -74,7 +74,10 @@ FileTime Now()
     return ToFileTime(ts);
 }
 
-bool IsReadOnly(const struct stat& st) { return (st.st_mode & S_IWUSR) == 0; }
+bool IsReadOnly(const struct stat& st)
+{
+    return (st.st_mode & S_IWUSR) == 0;
+}
 
 // Windows lists a folder in the order of its upper-cased names; Linux lists in no particular
 // order, so the listing is sorted that way.
@@ -238,7 +241,8 @@ public:
     {
         const std::string from = resolve(source);
         const std::string to = resolve(target);
-        struct stat fromStat {}, toStat {};
+        struct stat fromStat {
+        }, toStat{};
         if (::lstat(from.c_str(), &fromStat) != 0)
             return false;
         if (::lstat(to.c_str(), &toStat) == 0) {

@@ -57,8 +57,7 @@ QMessageBox::Icon IconOf(int style)
 
 QtMessageService::QtMessageService(QWidget* owner)
     : owner_(owner)
-{
-}
+{}
 
 int QtMessageService::ShowMessage(const std::string& text, int style, const std::string& title)
 {

@@ -12,9 +12,18 @@ namespace vellumar {
 inline constexpr std::string_view kOK = "OK";
 inline constexpr std::string_view kError = "Error";
 
-inline std::string ResultText(bool ok) { return std::string(ok ? kOK : kError); }
+inline std::string ResultText(bool ok)
+{
+    return std::string(ok ? kOK : kError);
+}
 
-inline bool IsOK(std::string_view result) { return EqualsIgnoreCase(result, kOK); }
-inline bool IsError(std::string_view result) { return EqualsIgnoreCase(result, kError); }
+inline bool IsOK(std::string_view result)
+{
+    return EqualsIgnoreCase(result, kOK);
+}
+inline bool IsError(std::string_view result)
+{
+    return EqualsIgnoreCase(result, kError);
+}
 
 } // namespace vellumar

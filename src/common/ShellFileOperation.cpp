@@ -43,8 +43,7 @@ public:
         : files_(files)
         , messages_(messages)
         , confirm_(confirm)
-    {
-    }
+    {}
 
     bool aborted() const { return aborted_; }
 
@@ -52,8 +51,8 @@ public:
     {
         if (!confirm_)
             return true;
-        const int answer = messages_.ShowMessage(
-            text, MessageStyle::YesNo | MessageStyle::Exclamation, title);
+        const int answer =
+            messages_.ShowMessage(text, MessageStyle::YesNo | MessageStyle::Exclamation, title);
         aborted_ = answer != MessageResult::Yes;
         return !aborted_;
     }
@@ -101,7 +100,8 @@ int RunShellOperation(ShellRun& run, FileOperations& files, const std::string& s
                                ShellRun::FileNameOfLastPart(source) + "'?",
                            "Confirm Delete"))
             return kShellSuccess;
-        const bool ok = IsFolder(files, source) ? files.deleteTree(source) : files.deleteFile(source);
+        const bool ok =
+            IsFolder(files, source) ? files.deleteTree(source) : files.deleteFile(source);
         return ok ? kShellSuccess : kShellFailed;
     }
     case ShellOperation::Copy: {
@@ -112,9 +112,8 @@ int RunShellOperation(ShellRun& run, FileOperations& files, const std::string& s
     }
     case ShellOperation::Move:
     case ShellOperation::Rename: {
-        const std::string target = operation == ShellOperation::Move
-                                       ? run.targetFor(source, destination)
-                                       : destination;
+        const std::string target =
+            operation == ShellOperation::Move ? run.targetFor(source, destination) : destination;
         if (files.attributes(target) && !IsFolder(files, target)) {
             if (!run.mayReplace(target))
                 return kShellSuccess;

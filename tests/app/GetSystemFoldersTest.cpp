@@ -1,6 +1,7 @@
+#include "GetSystemFolders.h"
+
 #include "FakeMessageService.h"
 #include "FakeSystemFolders.h"
-#include "GetSystemFolders.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 // A writer killed at any moment leaves the file readable with the old or the new value.
 
 #include "FaultyFileOperations.h"
+#include "ProfileText.h"
 #include "TempFolder.h"
 #include "clsCfgWrite.h"
-#include "ProfileText.h"
 
 #include <gtest/gtest.h>
 
@@ -46,7 +46,8 @@ TEST(ProfileCrash, AKilledWriterNeverLeavesATruncatedFile)
         waitpid(child, &status, 0);
 
         const std::string after = test::ReadWholeFile(ini);
-        ASSERT_EQ(after.size() - after.find("\r\n[Set0]"), contents.size() - contents.find("\r\n[Set0]"))
+        ASSERT_EQ(after.size() - after.find("\r\n[Set0]"),
+                  contents.size() - contents.find("\r\n[Set0]"))
             << "round " << round;
         const std::string counter = ProfileText::Read(after, "Main", "Counter", "Error", 2048);
         EXPECT_NE(counter, "Error");

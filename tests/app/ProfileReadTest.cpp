@@ -142,9 +142,9 @@ TEST(ProfileRead, ANamelessFirstKeyEmptiesTheKeyList)
 
 TEST(ProfileRead, LineEndsOfEveryKind)
 {
-    for (const std::string& ini : {"[A]\r\na=1\r\n[B]\r\nb=2\r\n"s, "[A]\na=1\n[B]\nb=2\n"s,
-                                   "[A]\ra=1\r[B]\rb=2\r"s, "[A]\na=1\r\n[B]\n\rb=2\r"s,
-                                   "\xEF\xBB\xBF[A]\na=1\n[B]\nb=2"s}) {
+    for (const std::string& ini :
+         {"[A]\r\na=1\r\n[B]\r\nb=2\r\n"s, "[A]\na=1\n[B]\nb=2\n"s, "[A]\ra=1\r[B]\rb=2\r"s,
+          "[A]\na=1\r\n[B]\n\rb=2\r"s, "\xEF\xBB\xBF[A]\na=1\n[B]\nb=2"s}) {
         EXPECT_EQ(Get(ini, "A", "a"), "1") << ini;
         EXPECT_EQ(Get(ini, "B", "b"), "2") << ini;
         EXPECT_EQ(Sections(ini), "A\0B\0"s) << ini;
@@ -154,7 +154,11 @@ TEST(ProfileRead, LineEndsOfEveryKind)
 TEST(ProfileRead, CtrlZIsABlankAndNulEndsANameOrValue)
 {
     EXPECT_EQ(Get("[A]\na=1\x1A\n", "A", "a"), "1");
-    EXPECT_EQ(Get("[A]\na=1\x1A" "2\n", "A", "a"), "1\x1A" "2");
+    EXPECT_EQ(Get("[A]\na=1\x1A"
+                  "2\n",
+                  "A", "a"),
+              "1\x1A"
+              "2");
     EXPECT_EQ(Get("[A]\na=x\0y\n"s, "A", "a"), "x");
     EXPECT_EQ(Get("[A]\nc\0d=3\n"s, "A", "c"), "3");
     EXPECT_EQ(Get("[B\0C]\nk=1\n"s, "B", "k"), "1");

@@ -10,7 +10,8 @@ namespace {
 using namespace std::string_literals;
 
 const std::string kFsKey = "Software\\Microsoft\\Microsoft Games\\Flight Simulator\\9.0";
-const std::string kFsKey32 = "Software\\Wow6432Node\\Microsoft\\Microsoft Games\\Flight Simulator\\9.0";
+const std::string kFsKey32 =
+    "Software\\Wow6432Node\\Microsoft\\Microsoft Games\\Flight Simulator\\9.0";
 
 // A system.reg as a 64-bit Wine prefix writes it, with the simulator installed by its 32-bit
 // installer.
@@ -29,7 +30,8 @@ std::string SystemReg()
            "\"Number\"=dword:00000001\n"
            "\"Binary\"=hex:00,01,02\n"
            "\n"
-           "[Software\\\\Microsoft\\\\Windows\\\\CurrentVersion\\\\App Paths\\\\fs9.exe] 1700000000\n"
+           "[Software\\\\Microsoft\\\\Windows\\\\CurrentVersion\\\\App Paths\\\\fs9.exe] "
+           "1700000000\n"
            "@=\"C:\\\\Program Files (x86)\\\\Microsoft Games\\\\FS9\\\\fs9.exe\"\n"
            "\"Quote \\\"me\\\"\"=\"tab\\there\"\n"
            "\n"
@@ -59,8 +61,7 @@ TEST(WineRegistryFile, StringsWithEscapesAndTheDefaultValue)
     const std::string appPaths = "Software\\Microsoft\\Windows\\CurrentVersion\\App Paths\\fs9.exe";
     EXPECT_EQ(Find(reg, {"Software\\Microsoft\\Windows NT\\CurrentVersion"}, "SystemRoot"),
               "C:\\windows");
-    EXPECT_EQ(Find(reg, {appPaths}, ""),
-              "C:\\Program Files (x86)\\Microsoft Games\\FS9\\fs9.exe");
+    EXPECT_EQ(Find(reg, {appPaths}, ""), "C:\\Program Files (x86)\\Microsoft Games\\FS9\\fs9.exe");
     EXPECT_EQ(Find(reg, {appPaths}, "quote \"ME\""), "tab\there");
     EXPECT_EQ(Find(reg, {kFsKey32}, "Unicode"), "Caf\xC3\xA9 \xE2\x98\xBA\xC3\xA9t\xC3\xA9");
     EXPECT_EQ(Find(reg, {kFsKey32}, "Octal"), "AA");
@@ -79,8 +80,9 @@ TEST(WineRegistryFile, ExpandableAndMultiStringsAreTextButNumbersAreNot)
 
 TEST(WineRegistryFile, NamesMatchWithoutRegardToCase)
 {
-    EXPECT_EQ(Find(SystemReg(), {"SOFTWARE\\wow6432node\\MICROSOFT\\Microsoft Games\\flight "
-                                 "simulator\\9.0"},
+    EXPECT_EQ(Find(SystemReg(),
+                   {"SOFTWARE\\wow6432node\\MICROSOFT\\Microsoft Games\\flight "
+                    "simulator\\9.0"},
                    "exe path"),
               "C:\\Program Files (x86)\\Microsoft Games\\FS9");
 }
@@ -92,8 +94,9 @@ TEST(WineRegistryFile, The32BitViewStandsInForAMissingNativeKey)
     EXPECT_EQ(Find(reg, {kFsKey, kFsKey32}, "EXE Path"),
               "C:\\Program Files (x86)\\Microsoft Games\\FS9");
     // When both views hold the value, the native one is preferred wherever it stands.
-    const std::string both = reg + "[" + std::string("Software\\\\Microsoft\\\\Microsoft Games\\\\"
-                                                     "Flight Simulator\\\\9.0] 1\n") +
+    const std::string both = reg + "[" +
+                             std::string("Software\\\\Microsoft\\\\Microsoft Games\\\\"
+                                         "Flight Simulator\\\\9.0] 1\n") +
                              "\"EXE Path\"=\"D:\\\\FS9\"\n";
     EXPECT_EQ(Find(both, {kFsKey, kFsKey32}, "EXE Path"), "D:\\FS9");
 }

@@ -1,5 +1,6 @@
-#include "FakeRegistry.h"
 #include "clsRegRead.h"
+
+#include "FakeRegistry.h"
 
 #include <gtest/gtest.h>
 
@@ -30,9 +31,9 @@ TEST_F(clsRegReadTest, ReadsTheValueUnderKeyAndSubKey)
                  "C:\\FS9");
     EXPECT_EQ(read("Software\\Microsoft\\Microsoft Games\\Flight Simulator", "9.0", "EXE Path"),
               "C:\\FS9");
-    EXPECT_EQ(read("Software\\Microsoft\\Microsoft Games\\Flight Simulator", "9.0", "EXE Path",
-                   true),
-              "host:C:\\FS9");
+    EXPECT_EQ(
+        read("Software\\Microsoft\\Microsoft Games\\Flight Simulator", "9.0", "EXE Path", true),
+        "host:C:\\FS9");
 }
 
 TEST_F(clsRegReadTest, AnyMissingPieceGivesAnEmptyText)

@@ -1,4 +1,5 @@
 #include "CliCommands.h"
+
 #include "CountingEventPump.h"
 #include "FakeMessageService.h"
 #include "FakeRegistry.h"

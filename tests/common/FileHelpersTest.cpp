@@ -1,6 +1,7 @@
+#include "FileHelpers.h"
+
 #include "CountingEventPump.h"
 #include "FaultyFileOperations.h"
-#include "FileHelpers.h"
 #include "FileOperations.h"
 #include "PathText.h"
 #include "ResultText.h"

@@ -1,5 +1,6 @@
-#include "FakeMessageService.h"
 #include "PathText.h"
+
+#include "FakeMessageService.h"
 
 #include <gtest/gtest.h>
 

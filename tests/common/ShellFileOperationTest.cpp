@@ -39,8 +39,8 @@ TEST_F(ShellFileOperationTest, CopyIntoAFolderAndOverAFileWithoutAsking)
 {
     const std::string source = temp.write("src/sky.bmp", "new");
     temp.write("dst/sky.bmp", "old");
-    EXPECT_TRUE(ShellFileOperation(files, messages, source, temp / "dst", ShellOperation::Copy,
-                                   false));
+    EXPECT_TRUE(
+        ShellFileOperation(files, messages, source, temp / "dst", ShellOperation::Copy, false));
     EXPECT_EQ(temp.read("dst/sky.bmp"), "new");
     EXPECT_TRUE(messages.empty());
     EXPECT_TRUE(ShellFileOperation(files, messages, source, temp / "dst/renamed.bmp",
@@ -63,29 +63,29 @@ TEST_F(ShellFileOperationTest, ConfirmationRefusedAbortsAndReportsFailure)
     const std::string source = temp.write("src/sky.bmp", "new");
     temp.write("dst/sky.bmp", "old");
     messages.answerNext(MessageResult::No);
-    EXPECT_FALSE(ShellFileOperation(files, messages, source, temp / "dst", ShellOperation::Copy,
-                                    true));
+    EXPECT_FALSE(
+        ShellFileOperation(files, messages, source, temp / "dst", ShellOperation::Copy, true));
     EXPECT_EQ(temp.read("dst/sky.bmp"), "old");
     ASSERT_EQ(messages.shown().size(), 1u);
     EXPECT_EQ(messages.last().style, MessageStyle::YesNo | MessageStyle::Exclamation);
 
     messages.answerNext(MessageResult::Yes);
-    EXPECT_TRUE(ShellFileOperation(files, messages, source, temp / "dst", ShellOperation::Copy,
-                                   true));
+    EXPECT_TRUE(
+        ShellFileOperation(files, messages, source, temp / "dst", ShellOperation::Copy, true));
     EXPECT_EQ(temp.read("dst/sky.bmp"), "new");
 }
 
 TEST_F(ShellFileOperationTest, DeleteMoveAndRename)
 {
     temp.write("tree/a/b.bmp");
-    EXPECT_TRUE(ShellFileOperation(files, messages, temp / "tree", "", ShellOperation::Delete,
-                                   false));
+    EXPECT_TRUE(
+        ShellFileOperation(files, messages, temp / "tree", "", ShellOperation::Delete, false));
     EXPECT_EQ(FileExists(files, temp / "tree"), "Error");
 
     const std::string file = temp.write("one.bmp", "1");
     temp.makeFolder("into");
-    EXPECT_TRUE(ShellFileOperation(files, messages, file, temp / "into", ShellOperation::Move,
-                                   false));
+    EXPECT_TRUE(
+        ShellFileOperation(files, messages, file, temp / "into", ShellOperation::Move, false));
     EXPECT_EQ(temp.read("into/one.bmp"), "1");
     EXPECT_TRUE(ShellFileOperation(files, messages, temp / "into/one.bmp", temp / "into/two.bmp",
                                    ShellOperation::Rename, false));

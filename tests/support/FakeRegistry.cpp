@@ -4,8 +4,8 @@
 
 namespace vellumar::test {
 
-void FakeRegistry::set(std::uint32_t hive, const std::string& keyPath,
-                       const std::string& valueName, const std::string& text)
+void FakeRegistry::set(std::uint32_t hive, const std::string& keyPath, const std::string& valueName,
+                       const std::string& text)
 {
     values_[{hive, ToLowerAscii(keyPath), ToLowerAscii(valueName)}] = text;
 }

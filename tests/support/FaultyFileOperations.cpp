@@ -4,8 +4,7 @@ namespace vellumar::test {
 
 FaultyFileOperations::FaultyFileOperations()
     : real_(CreatePlatformFileOperations())
-{
-}
+{}
 
 bool FaultyFileOperations::search(const std::string& pattern, const EntryVisitor& visit)
 {
@@ -84,6 +83,9 @@ bool FaultyFileOperations::replaceFile(const std::string& path, const std::strin
     return real_->replaceFile(path, contents);
 }
 
-std::string FaultyFileOperations::resolve(const std::string& path) { return real_->resolve(path); }
+std::string FaultyFileOperations::resolve(const std::string& path)
+{
+    return real_->resolve(path);
+}
 
 } // namespace vellumar::test

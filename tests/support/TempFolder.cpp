@@ -71,7 +71,10 @@ std::string TempFolder::makeFolder(std::string_view relative) const
     return full;
 }
 
-std::string TempFolder::read(std::string_view relative) const { return ReadWholeFile(*this / relative); }
+std::string TempFolder::read(std::string_view relative) const
+{
+    return ReadWholeFile(*this / relative);
+}
 
 std::string ReadWholeFile(const std::string& path)
 {
