@@ -78,6 +78,13 @@ std::string FileNameOfPath(std::string_view path, MessageService& messages)
     return std::string(TrimSpaces(path.substr(last + 1)));
 }
 
+std::string LastPathComponent(std::string_view path)
+{
+    const std::string trimmed = TrimTrailingBackslash(path);
+    const std::size_t last = LastSeparator(trimmed);
+    return last == std::string::npos ? trimmed : trimmed.substr(last + 1);
+}
+
 std::string CutAtNul(std::string_view text)
 {
     const std::size_t nul = text.find('\0');

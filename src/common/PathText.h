@@ -37,6 +37,9 @@ std::string TextAfterLast(std::string_view text, char separator);
 // system message box and gives "".
 std::string FileNameOfPath(std::string_view path, MessageService& messages);
 
+// The last component of a path, trailing separators ignored: "Texture" for "C:\x\Texture\".
+std::string LastPathComponent(std::string_view path);
+
 // The text before the first NUL, trimmed.
 std::string CutAtNul(std::string_view text);
 

@@ -61,23 +61,15 @@ public:
     std::string targetFor(const std::string& source, const std::string& destination)
     {
         if (IsFolder(files_, destination))
-            return JoinPath(TrimTrailingBackslash(destination), FileNameOfLastPart(source));
+            return JoinPath(TrimTrailingBackslash(destination), LastPathComponent(source));
         return destination;
-    }
-
-    static std::string FileNameOfLastPart(const std::string& path)
-    {
-        const std::string trimmed = TrimTrailingBackslash(path);
-        const std::size_t last = trimmed.find_last_of("\\/");
-        return last == std::string::npos ? trimmed : trimmed.substr(last + 1);
     }
 
     bool mayReplace(const std::string& target)
     {
         if (!files_.attributes(target))
             return true;
-        return confirmed("This folder already contains a file named '" +
-                             FileNameOfLastPart(target) +
+        return confirmed("This folder already contains a file named '" + LastPathComponent(target) +
                              "'.\n\nWould you like to replace the existing file?",
                          "Confirm File Replace");
     }
@@ -97,7 +89,7 @@ int RunShellOperation(ShellRun& run, FileOperations& files, const std::string& s
     switch (operation) {
     case ShellOperation::Delete: {
         if (!run.confirmed("Are you sure you want to permanently delete '" +
-                               ShellRun::FileNameOfLastPart(source) + "'?",
+                               LastPathComponent(source) + "'?",
                            "Confirm Delete"))
             return kShellSuccess;
         const bool ok =

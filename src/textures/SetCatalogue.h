@@ -1,0 +1,55 @@
+#pragma once
+
+#include "TextList.h"
+
+#include <string>
+#include <string_view>
+
+namespace vellumar {
+
+class EventPump;
+class FileOperations;
+
+// The plain files of one set folder, listed once; every question about the set is answered
+// from this list in memory.
+struct SetFolderFiles {
+    TextList names; // bare names, in listing order
+};
+
+SetFolderFiles ScanSetFolder(FileOperations& files, EventPump& events, const std::string& folder);
+
+// The data type name of a set from its bitmap names: the first row of the table that matches
+// ("Thunder", "Cumulus", "Stratus", "Cirrus", "Sky Color", "Earth", "Sun flare", "Sun",
+// "Runway", "Moon", "Rain", "VC Rain", "Snow", "Autogen"), else "Unknown".
+std::string DataTypeOf(const SetFolderFiles& set);
+std::string GetSetDataType(FileOperations& files, EventPump& events, const std::string& folder);
+
+// Compatibility code, also the set's category in the main window's filter: 1 cloud set,
+// 2 cirrus set, 3 sky colour set, 5 anything else.
+namespace SetCategory {
+inline constexpr int Cloud = 1;
+inline constexpr int Cirrus = 2;
+inline constexpr int SkyColor = 3;
+inline constexpr int Misc = 5;
+} // namespace SetCategory
+
+int CompatibilityOf(const SetFolderFiles& set);
+int CheckSetCompatibility(FileOperations& files, EventPump& events, const std::string& folder);
+
+// A file the simulator reads from a set: names ending in "cld", "bmp", "xml" or ".fx" (the last
+// three characters decide), and the sun effect file "suneffect.cfg".
+bool IsInstallableFile(std::string_view name);
+
+// The files of a cloud set offered for installation, in listing order.
+TextList ListSetFiles(const SetFolderFiles& set);
+// The files of an option set offered for installation: its bitmaps only.
+TextList ListOptionFiles(const SetFolderFiles& set);
+// The preview picture of a set: its first ".jpg", ".jpeg" or ".gif" file; "" when none.
+std::string PreviewPictureOf(const SetFolderFiles& set);
+
+// "" when `folder` exists and holds at least one sub-folder; otherwise the message that says
+// why. A folder that does not exist is replaced by `programFolder`.
+std::string CheckDataFolder(FileOperations& files, EventPump& events, std::string& folder,
+                            const std::string& programFolder);
+
+} // namespace vellumar

@@ -1,0 +1,110 @@
+#include "SetCatalogue.h"
+
+#include "CountingEventPump.h"
+#include "FaultyFileOperations.h"
+#include "TempFolder.h"
+
+#include <gtest/gtest.h>
+
+namespace vellumar {
+namespace {
+
+SetFolderFiles Set(std::initializer_list<const char*> names)
+{
+    SetFolderFiles set;
+    for (const char* name : names)
+        set.names.emplace_back(name);
+    return set;
+}
+
+TEST(SetDataType, TheFirstMatchingRowOfTheTableWins)
+{
+    EXPECT_EQ(DataTypeOf(Set({"cld01.bmp", "sky_1.bmp"})), "Cumulus");
+    EXPECT_EQ(DataTypeOf(Set({"sky_1.bmp", "earth.bmp"})), "Sky Color");
+    EXPECT_EQ(DataTypeOf(Set({"CLDCN2.BMP"})), "Thunder");
+    EXPECT_EQ(DataTypeOf(Set({"cldcn1.bmp", "cld01.bmp"})), "Thunder");
+    EXPECT_EQ(DataTypeOf(Set({"cumulus1.bmp"})), "Cumulus");
+    EXPECT_EQ(DataTypeOf(Set({"stratus.bmp", "cirrus1.bmp"})), "Stratus");
+    EXPECT_EQ(DataTypeOf(Set({"cirrus1.bmp"})), "Cirrus");
+    EXPECT_EQ(DataTypeOf(Set({"earth2.bmp"})), "Earth");
+    EXPECT_EQ(DataTypeOf(Set({"flare1.bmp", "sun.bmp"})), "Sun flare");
+    EXPECT_EQ(DataTypeOf(Set({"corona.bmp"})), "Sun");
+    EXPECT_EQ(DataTypeOf(Set({"halo.bmp", "moon.bmp"})), "Runway");
+    EXPECT_EQ(DataTypeOf(Set({"halo2.bmp"})), "Unknown");
+    EXPECT_EQ(DataTypeOf(Set({"moon2.bmp"})), "Moon");
+    EXPECT_EQ(DataTypeOf(Set({"VCrain1.bmp"})), "VC Rain");
+    EXPECT_EQ(DataTypeOf(Set({"rain1.bmp", "VCrain1.bmp"})), "Rain");
+    EXPECT_EQ(DataTypeOf(Set({"snowflake.bmp"})), "Snow");
+    EXPECT_EQ(DataTypeOf(Set({"BLD1.BMP"})), "Autogen");
+    EXPECT_EQ(DataTypeOf(Set({"trees2.bmp"})), "Autogen");
+}
+
+TEST(SetDataType, OnlyBitmapsDecide)
+{
+    EXPECT_EQ(DataTypeOf(Set({"clouds.fx", "suneffect.cfg"})), "Unknown");
+    EXPECT_EQ(DataTypeOf(Set({"cld01.xml", "cumulus.cld", "sky_1.jpg"})), "Unknown");
+    EXPECT_EQ(DataTypeOf(Set({})), "Unknown");
+}
+
+TEST(SetCompatibility, CloudsThenCirrusThenSkyElseFive)
+{
+    EXPECT_EQ(CompatibilityOf(Set({"cld01.bmp", "cirrus.bmp"})), 1);
+    EXPECT_EQ(CompatibilityOf(Set({"CloudMask1.bmp"})), 1);
+    EXPECT_EQ(CompatibilityOf(Set({"cumulus01.bmp"})), 1);
+    EXPECT_EQ(CompatibilityOf(Set({"cumulus1.bmp"})), 5); // "cumulus0*" only
+    EXPECT_EQ(CompatibilityOf(Set({"cirrus1.bmp", "sky_1.bmp"})), 2);
+    EXPECT_EQ(CompatibilityOf(Set({"sky_1.bmp"})), 3);
+    EXPECT_EQ(CompatibilityOf(Set({"moon.bmp"})), 5);
+}
+
+TEST(SetFiles, InstallableFilesByTheirLastThreeCharacters)
+{
+    const SetFolderFiles set = Set({"cld01.bmp", "x.fx", "clouds.xml", "cumulus.CLD", "a.jpg",
+                                    "notes.txt", "SunEffect.cfg", "preview.gif", "sky.BMP"});
+    EXPECT_EQ(ListSetFiles(set), (TextList{"cld01.bmp", "x.fx", "clouds.xml", "cumulus.CLD",
+                                           "SunEffect.cfg", "sky.BMP"}));
+    EXPECT_EQ(ListOptionFiles(set), (TextList{"cld01.bmp", "sky.BMP"}));
+    EXPECT_EQ(PreviewPictureOf(set), "a.jpg");
+    EXPECT_EQ(PreviewPictureOf(Set({"a.bmp", "b.JPEG", "c.jpg"})), "b.JPEG");
+    EXPECT_EQ(PreviewPictureOf(Set({"a.bmp"})), "");
+}
+
+class CatalogueOnDisk : public ::testing::Test {
+protected:
+    test::TempFolder temp;
+    test::FaultyFileOperations files;
+    test::CountingEventPump events;
+};
+
+TEST_F(CatalogueOnDisk, ASetIsScannedOnceAndOnlyItsPlainFilesCount)
+{
+    temp.write("Texture/Clouds/Summer/CLDCN1.BMP");
+    temp.write("Texture/Clouds/Summer/sub/cld01.bmp");
+    temp.makeFolder("Texture/Clouds/Summer/sky_1.bmp"); // a folder, not a file
+    const std::string folder = temp / "Texture/Clouds/Summer";
+    EXPECT_EQ(GetSetDataType(files, events, folder), "Thunder");
+    EXPECT_EQ(CheckSetCompatibility(files, events, folder), 1);
+    EXPECT_EQ(ScanSetFolder(files, events, folder).names, (TextList{"CLDCN1.BMP"}));
+}
+
+TEST_F(CatalogueOnDisk, CheckDataFolder)
+{
+    std::string folder = "   ";
+    EXPECT_EQ(CheckDataFolder(files, events, folder, "/program"), "Can't find the path.");
+
+    folder = temp / "Texture";
+    EXPECT_EQ(CheckDataFolder(files, events, folder, "/program"), "Can't find the Texture path.");
+    EXPECT_EQ(folder, "/program");
+
+    temp.write("Texture/readme.txt");
+    folder = temp / "Texture";
+    EXPECT_EQ(CheckDataFolder(files, events, folder, "/program"),
+              "No folder(s) under the Texture path.");
+    EXPECT_EQ(folder, temp / "Texture");
+
+    temp.makeFolder("Texture/Clouds");
+    EXPECT_EQ(CheckDataFolder(files, events, folder, "/program"), "");
+}
+
+} // namespace
+} // namespace vellumar
