@@ -4,6 +4,8 @@
 #include "ConsoleMessageService.h"
 #include "EventPump.h"
 #include "FileOperations.h"
+#include "FolderBrowser.h"
+#include "ProcessLauncher.h"
 #include "Registry.h"
 #include "Services.h"
 #include "SystemFolders.h"
@@ -18,6 +20,16 @@ public:
     void DoEvents() override {}
 };
 
+// Without windows there is nobody to choose a folder: the question counts as cancelled.
+class NoWindowsFolderBrowser final : public vellumar::FolderBrowser {
+public:
+    std::string BrowseForFolder(const std::string& prompt, int, const std::string&) override
+    {
+        std::cerr << prompt << "\n(no folder can be chosen without windows)\n";
+        return {};
+    }
+};
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -28,7 +40,10 @@ int main(int argc, char** argv)
     const auto files = CreatePlatformFileOperations();
     const auto registry = CreatePlatformRegistry();
     const auto systemFolders = CreatePlatformSystemFolders();
-    Services services{messages, events, *files, *registry, *systemFolders};
+    const auto launcher = CreatePlatformProcessLauncher();
+    NoWindowsFolderBrowser folderBrowser;
+    Services services{messages,       events,    *files,       *registry,
+                      *systemFolders, *launcher, folderBrowser};
     return RunCliCommand(std::vector<std::string>(argv + 1, argv + argc), services, std::cout,
                          std::cerr);
 }

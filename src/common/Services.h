@@ -7,6 +7,8 @@ class EventPump;
 class FileOperations;
 class Registry;
 class SystemFolders;
+class ProcessLauncher;
+class FolderBrowser;
 
 // Every door from core to the world, handed in by the program, the command-line tool or a test.
 struct Services {
@@ -15,6 +17,8 @@ struct Services {
     FileOperations& files;
     Registry& registry;
     SystemFolders& systemFolders;
+    ProcessLauncher& launcher;
+    FolderBrowser& folderBrowser;
 };
 
 } // namespace vellumar

@@ -1,12 +1,7 @@
 #include "CliCommands.h"
 
-#include "CountingEventPump.h"
-#include "FakeMessageService.h"
-#include "FakeRegistry.h"
-#include "FakeSystemFolders.h"
-#include "FaultyFileOperations.h"
-#include "Services.h"
 #include "TempFolder.h"
+#include "TestServices.h"
 
 #include <gtest/gtest.h>
 
@@ -18,12 +13,12 @@ namespace {
 class CliTest : public ::testing::Test {
 protected:
     test::TempFolder temp;
-    test::FakeMessageService messages;
-    test::CountingEventPump events;
-    test::FaultyFileOperations files;
-    test::FakeRegistry registry;
-    test::FakeSystemFolders folders;
-    Services services{messages, events, files, registry, folders};
+    test::TestServices fakes;
+    test::FakeMessageService& messages = fakes.messages;
+    test::FaultyFileOperations& files = fakes.files;
+    test::FakeRegistry& registry = fakes.registry;
+    test::FakeSystemFolders& folders = fakes.systemFolders;
+    Services& services = fakes.services;
     std::ostringstream out, err;
 
     int run(std::vector<std::string> arguments)

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "TextList.h"
+
+#include <array>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace vellumar {
+
+class CloudIniFile;
+struct DataFolderSettings;
+struct ProgramPaths;
+struct Services;
+
+// One texture set of the library, as the configuration declares it.
+struct TextureSetEntry {
+    std::string name;    // shown in the lists: the alias, else the set folder's name
+    std::string dirName; // the set folder under DataFolder\Texture, e.g. "Clouds\Summer haze"
+    std::string folder;  // the full path of the set folder
+    bool random = true;  // takes part in AutoRandom
+    std::optional<int> order;
+    int compatibility = 5; // the set's category (see SetCategory)
+};
+
+struct LastInstalledEntry {
+    std::string setName;
+    std::string dataType;
+};
+
+// Every value the program takes from cloud.ini. The values live for the whole run; each load
+// replaces them, except where a key that is absent (or out of range) leaves a value as it was.
+struct CloudIniSettings {
+    std::string AppName;
+    long RandomWait = 0;
+    bool BackupOriginals = false;
+    std::string SituationCfgFile;
+    std::string SituationSection;
+    std::string SituationKey;
+    bool SituationEnabled = true;
+    bool ShowSkyFiles = false;
+    bool UnloadAfterFsStart = false;
+    bool StretchMode = true;
+    std::string StartSel = "sky";
+    double AutoRandomInterval = 0;
+    int AutoRandomStep = 1;
+    int SplashLastNo = 0;
+    std::string SplashMode = "random";
+    std::array<int, 2> SoundIntvl{5, 5};
+    std::array<int, 3> SoundVol{50, 50, 50};
+    std::string LastMusicPath;
+    TextList MusicFiles;
+    int NumberOfDisp = 3;
+    std::vector<LastInstalledEntry> LastInstalled;
+    // Object names of the controls and the tips they get, in the order of [ToolTipsText].
+    std::vector<std::pair<std::string, std::string>> ToolTips;
+    bool SaveSelection = false;
+    std::vector<TextureSetEntry> Sets;
+    bool BackupAll = false;
+    TextList BackupList;
+};
+
+enum class LoadOutcome { Loaded, EndProgram };
+
+// Reads all of cloud.ini: first the data folder checks, then every setting with its default
+// and limits, the texture sets and the backup list. EndProgram after a fatal problem (the user
+// has been told, and [PathCheck] Check is "on" for the next start where the text says so).
+LoadOutcome LoadCloudIni(Services& services, CloudIniFile& ini, ProgramPaths& paths,
+                         const TextList& installedFonts, DataFolderSettings& checks,
+                         CloudIniSettings& settings);
+
+// The controls that receive the tip of each [ToolTipsText] key, in the table's order.
+const std::vector<std::pair<std::string, TextList>>& ToolTipControls();
+
+} // namespace vellumar

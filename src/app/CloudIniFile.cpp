@@ -1,0 +1,51 @@
+#include "CloudIniFile.h"
+
+#include "IniValue.h"
+#include "clsCfgRead.h"
+#include "clsCfgWrite.h"
+
+namespace vellumar {
+
+CloudIniFile::CloudIniFile(FileOperations& files, MessageService& messages, std::string path)
+    : files_(files)
+    , messages_(messages)
+    , path_(std::move(path))
+{}
+
+std::string CloudIniFile::ReadRaw(const std::string& section, const std::string& key) const
+{
+    clsCfgRead reader(files_, messages_);
+    reader.FileName = path_;
+    reader.Section = section;
+    reader.Key = key;
+    return reader.Data();
+}
+
+std::string CloudIniFile::ReadIniValue(const std::string& section, const std::string& key) const
+{
+    return StripIniComment(ReadRaw(section, key));
+}
+
+void CloudIniFile::Write(const std::string& section, const std::string& key,
+                         const std::string& value)
+{
+    clsCfgWrite writer(files_);
+    writer.FileName = path_;
+    writer.Section = section;
+    writer.Key = key;
+    writer.Value = value;
+    writer.cWrite();
+    RecordTimeStamp();
+}
+
+void CloudIniFile::RecordTimeStamp()
+{
+    stamp_ = files_.modificationTime(path_).value_or(0);
+}
+
+bool CloudIniFile::ChangedByOthers() const
+{
+    return files_.modificationTime(path_).value_or(0) != stamp_;
+}
+
+} // namespace vellumar

@@ -1,0 +1,251 @@
+#include "DataFolderChecks.h"
+
+#include "CloudIniFile.h"
+#include "ConfiguredPath.h"
+#include "EventPump.h"
+#include "FileHelpers.h"
+#include "FileOperations.h"
+#include "FontList.h"
+#include "MessageService.h"
+#include "PathText.h"
+#include "ProcessLauncher.h"
+#include "ProgramPaths.h"
+#include "ResultText.h"
+#include "Services.h"
+#include "SetCatalogue.h"
+#include "TextCompare.h"
+
+#include <algorithm>
+
+namespace vellumar {
+
+namespace {
+
+// The name the placement message gives the program.
+constexpr const char* kExecutableName = "Vellumar";
+
+bool IsPresent(const std::string& value)
+{
+    return !IsError(value);
+}
+
+// The fonts named in cloud.ini must be installed; the report lists what could be used instead.
+void CheckFonts(Services& services, const CloudIniFile& ini, const TextList& installedFonts,
+                DataFolderSettings& settings)
+{
+    const std::string proportional = ini.ReadIniValue("Font", "Proportional");
+    const std::string fix = ini.ReadIniValue("Font", "Fix");
+    if (IsPresent(proportional))
+        settings.ProportionalFont = proportional;
+    if (IsPresent(fix))
+        settings.FixFont = fix;
+
+    bool proportionalFound = settings.ProportionalFont.empty();
+    bool fixFound = settings.FixFont.empty();
+    TextList families;
+    EnumerateFonts(installedFonts, [&](const std::string& family) {
+        proportionalFound =
+            proportionalFound || EqualsIgnoreCase(family, settings.ProportionalFont);
+        fixFound = fixFound || EqualsIgnoreCase(family, settings.FixFont);
+        families.push_back(family);
+        return true;
+    });
+    if (proportionalFound && fixFound)
+        return;
+
+    std::string report;
+    if (!proportionalFound)
+        report += "[Font] Proportional=" + settings.ProportionalFont +
+                  "\nProportional font was not found.\n";
+    if (!fixFound)
+        report += "[Font] Fix=" + settings.FixFont + "\nFix font was not found.\n";
+    report += "\n=== Fix and True Tyep font list ===";
+    for (const std::string& family : families)
+        report += "\n" + family;
+    services.messages.ShowMessage(report, MessageStyle::Exclamation, "Font Error");
+}
+
+bool SamePath(FileOperations& files, const std::string& a, const std::string& b)
+{
+    const std::string left = files.resolve(TrimTrailingBackslash(a));
+    const std::string right = files.resolve(TrimTrailingBackslash(b));
+    return EqualsIgnoreCase(left, right);
+}
+
+StartUpOutcome MakeMissingDataFolders(Services& services, const std::string& dataFolder)
+{
+    TextList missing;
+    for (const char* name : {"Texture", "Splash Screen", "Situation"}) {
+        const std::string folder = JoinPath(dataFolder, name);
+        if (IsError(FolderExists(services.files, folder)))
+            missing.push_back(folder);
+    }
+    if (missing.empty())
+        return StartUpOutcome::Continue;
+
+    const int answer = services.messages.ShowMessage(
+        NoDataFolderText(), MessageStyle::OKCancel | MessageStyle::Critical,
+        "No data Folder found");
+    if (answer != MessageResult::OK)
+        return StartUpOutcome::EndProgram;
+    for (const std::string& folder : missing) {
+        if (IsError(MakeFolderPath(services.files, folder))) {
+            services.messages.ShowMessage("Make Dir Error. \n" + folder,
+                                          MessageStyle::OKOnly | MessageStyle::Critical,
+                                          "No data Folder found");
+            return StartUpOutcome::EndProgram;
+        }
+    }
+    return StartUpOutcome::Continue;
+}
+
+void CheckSplashFolder(Services& services, const CloudIniFile& ini, const ProgramPaths& paths,
+                       DataFolderSettings& settings)
+{
+    settings.SplashEnabled = false;
+    if (!EqualsIgnoreCase(ini.ReadIniValue("Splash Screen", "Splash"), "on"))
+        return;
+    const std::string value = ini.ReadIniValue("Splash Screen", "Path");
+    settings.SplashFolder = IsPresent(value) && !TrimBlanks(value).empty()
+                                ? ConfiguredPath(value, paths.ProgramPath, services.registry)
+                                : JoinPath(paths.DataFolder, "Splash Screen");
+    if (IsError(FolderExists(services.files, settings.SplashFolder))) {
+        services.messages.ShowMessage("[Splash Screen] Path = " + value + "\nFile path is " +
+                                          settings.SplashFolder +
+                                          "\nSplash Screen function will be not use.",
+                                      MessageStyle::Information, "No data for Splash Screen ");
+        return;
+    }
+    settings.SplashEnabled =
+        IsOK(FileExists(services.files, JoinPath(settings.SplashFolder, "dlgsplash*.bmp")));
+}
+
+// The situation folder, the sound channel folders and the editor: all missing ones in one
+// message.
+void CheckOtherFolders(Services& services, const CloudIniFile& ini, const ProgramPaths& paths,
+                       DataFolderSettings& settings, bool report)
+{
+    TextList missing;
+    auto configured = [&](const std::string& section, const std::string& key,
+                          const std::string& fallback) {
+        const std::string value = ini.ReadIniValue(section, key);
+        if (!IsPresent(value) || TrimBlanks(value).empty())
+            return fallback;
+        return ConfiguredPath(value, paths.ProgramPath, services.registry);
+    };
+
+    settings.SituationFolder =
+        configured("Situation", "Loc", JoinPath(paths.DataFolder, "Situation"));
+    if (IsError(FolderExists(services.files, settings.SituationFolder)))
+        missing.push_back(settings.SituationFolder);
+    for (int channel = 1; channel <= 3; ++channel) {
+        const std::string number = std::to_string(channel);
+        std::string& folder = settings.SoundChannelFolders[static_cast<std::size_t>(channel - 1)];
+        folder = configured("Sound", "Ch" + number + "Path",
+                            JoinPath(JoinPath(paths.ProgramPath, "Sound"), "Ch" + number));
+        if (IsError(FolderExists(services.files, folder)))
+            missing.push_back(folder);
+    }
+    settings.EditorPath = configured("Editor", "Path", "");
+    if (!settings.EditorPath.empty() && IsError(FileExists(services.files, settings.EditorPath)))
+        missing.push_back(settings.EditorPath);
+
+    if (missing.empty() || !report)
+        return;
+    std::string text;
+    for (const std::string& path : missing)
+        text += (text.empty() ? "" : "\n") + std::string("Please confirm a file that located at ") +
+                path;
+    services.messages.ShowMessage(text, MessageStyle::Exclamation, "ini read Error");
+}
+
+} // namespace
+
+std::string NoDataFolderText()
+{
+    return " Data should be located to your Vellumar directory.\n"
+           "Texture  : All texture should be in your Vellumar\\Texture.\n"
+           "Splash Screen : (dlgsplashN.bmp) should be set.\n"
+           "                 dlgsplashN.bmp N:Number from 1 to xx.\n"
+           "                 No bmp data is possible.\n"
+           "Weather  : Weather data will be saved in the weather folder.\n"
+           "Situation: WX/FLT files should be in Vellumar\\Situation.\n"
+           "            No data is possible.\n"
+           "\n"
+           "Data folders will be made automatically if not found.";
+}
+
+StartUpOutcome RunDataFolderChecks(Services& services, CloudIniFile& ini, ProgramPaths& paths,
+                                   const TextList& installedFonts, DataFolderSettings& settings)
+{
+    // 1. The path check: anything but on/off is taken as on.
+    std::string pathCheck = ini.ReadIniValue("PathCheck", "Check");
+    if (!EqualsIgnoreCase(pathCheck, "on") && !EqualsIgnoreCase(pathCheck, "off")) {
+        ini.Write("PathCheck", "Check", "on");
+        pathCheck = "on";
+    }
+    settings.PathCheckRan = EqualsIgnoreCase(pathCheck, "on");
+
+    // 2. Fonts.
+    CheckFonts(services, ini, installedFonts, settings);
+
+    // 3. The data folder: the program folder unless cloud.ini names an existing one.
+    paths.DataFolder = paths.ProgramPath;
+    const std::string dataFolder = ini.ReadIniValue("DataFolder", "Path");
+    if (IsPresent(dataFolder) && !TrimBlanks(dataFolder).empty()) {
+        const std::string folder = ConfiguredPath(dataFolder, paths.ProgramPath, services.registry);
+        if (IsOK(FolderExists(services.files, folder)))
+            paths.DataFolder = folder;
+    }
+
+    // 4. The program must not keep its data in the simulator's own folder.
+    if (!paths.FsPath.empty() && SamePath(services.files, paths.DataFolder, paths.FsPath)) {
+        services.messages.ShowMessage(
+            std::string("Don't set ") + kExecutableName +
+                ".exe to FS path.\nPlease locate Vellumar to other folder.",
+            MessageStyle::OKOnly | MessageStyle::Critical, "Installation Error");
+        return StartUpOutcome::EndProgram;
+    }
+
+    // 5. The data sub-folders.
+    if (MakeMissingDataFolders(services, paths.DataFolder) == StartUpOutcome::EndProgram)
+        return StartUpOutcome::EndProgram;
+
+    // 6. The texture library must hold at least one group of sets.
+    std::string textureFolder = JoinPath(paths.DataFolder, "Texture");
+    const std::string reason =
+        CheckDataFolder(services.files, services.events, textureFolder, paths.ProgramPath);
+    if (!reason.empty()) {
+        const std::string folder = JoinPath(paths.DataFolder, "Texture");
+        services.messages.ShowMessage(
+            "Data structure is wrong.\nPlease set Texture data correctly.\n" + folder,
+            MessageStyle::OKOnly | MessageStyle::Critical, "Texture Error");
+        services.launcher.openWithDesktop(folder);
+        return StartUpOutcome::EndProgram;
+    }
+
+    // 7. Sounds, 8. splash pictures, 9. the other folders.
+    settings.Sounds =
+        ValidateSoundSettings(ini, services.files, services.messages, services.registry,
+                              paths.DataFolder, settings.PathCheckRan);
+    CheckSplashFolder(services, ini, paths, settings);
+    CheckOtherFolders(services, ini, paths, settings, settings.PathCheckRan);
+
+    // 10. The full check ran; the next start may skip the reports.
+    if (settings.PathCheckRan)
+        ini.Write("PathCheck", "Check", "off");
+    return StartUpOutcome::Continue;
+}
+
+void mnuShowIni_Click(Services& services, const ProgramPaths& paths)
+{
+    const std::string ini = JoinPath(paths.ProgramPath, "cloud.ini");
+    if (IsError(FileExists(services.files, ini))) {
+        services.messages.ShowMessage("Can't find CLOUD.INI.", MessageStyle::OKOnly,
+                                      "No cloud.ini");
+        return;
+    }
+    services.launcher.openWithDesktop(ini);
+}
+
+} // namespace vellumar

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "SoundSettings.h"
+#include "TextList.h"
+
+#include <array>
+#include <string>
+
+namespace vellumar {
+
+class CloudIniFile;
+struct ProgramPaths;
+struct Services;
+
+// What the start-up checks of the data folders find out.
+struct DataFolderSettings {
+    std::string ProportionalFont; // [Font] Proportional, when present
+    std::string FixFont;          // [Font] Fix, when present
+    SoundSettings Sounds;
+    bool SplashEnabled = false;
+    std::string SplashFolder;
+    std::string SituationFolder;
+    std::array<std::string, 3> SoundChannelFolders;
+    std::string EditorPath;
+    bool PathCheckRan = false;
+};
+
+enum class StartUpOutcome { Continue, EndProgram };
+
+// The checks that run before the configuration proper is read: the path check switch, the
+// fonts, the data folder and its placement, the data sub-folders (created after asking), the
+// texture library, the sounds, the splash pictures and the remaining folders. Sets
+// `paths.DataFolder`. EndProgram after a fatal problem, which the user has been told about.
+StartUpOutcome RunDataFolderChecks(Services& services, CloudIniFile& ini, ProgramPaths& paths,
+                                   const TextList& installedFonts, DataFolderSettings& settings);
+
+// The text shown when data folders are missing.
+std::string NoDataFolderText();
+
+// Opens cloud.ini in the desktop's text editor, or says that it is missing.
+void mnuShowIni_Click(Services& services, const ProgramPaths& paths);
+
+} // namespace vellumar

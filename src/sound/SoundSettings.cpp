@@ -1,0 +1,59 @@
+#include "SoundSettings.h"
+
+#include "CloudIniFile.h"
+#include "ConfiguredPath.h"
+#include "FileHelpers.h"
+#include "MessageService.h"
+#include "PathText.h"
+#include "ResultText.h"
+#include "TextCompare.h"
+
+namespace vellumar {
+
+namespace {
+
+// The path of a valid wave file for one sound, or "" after telling why not.
+std::string ValidateOne(const CloudIniFile& ini, FileOperations& files, MessageService& messages,
+                        Registry& registry, const std::string& dataFolder, bool reportProblems,
+                        const std::string& section)
+{
+    const std::string raw = ini.ReadIniValue(section, "File");
+    const std::string value(TrimBlanks(raw));
+    std::string path = value;
+    std::string reason;
+    if (IsError(value) || value.empty()) {
+        reason = "No Ini description.";
+    } else {
+        path = ConfiguredPath(value, dataFolder, registry);
+        if (IsError(FileExists(files, path)))
+            reason = "Not found the file.";
+        else if (ToLowerAscii(TextAfterLast(path, '.')) != "wav")
+            reason = "Sound file should be WAV format.";
+    }
+    if (reason.empty())
+        return path;
+    if (reportProblems)
+        messages.ShowMessage("[" + section + "] File = " + raw + "\n" + "File path is \"" + path +
+                                 "\"\n" + reason + "\n\n" + section +
+                                 " will be changed to Windows normal beep sound.",
+                             MessageStyle::Information, "Not found " + section + " file");
+    return {};
+}
+
+} // namespace
+
+SoundSettings ValidateSoundSettings(const CloudIniFile& ini, FileOperations& files,
+                                    MessageService& messages, Registry& registry,
+                                    const std::string& dataFolder, bool reportProblems)
+{
+    SoundSettings settings;
+    if (!EqualsIgnoreCase(ini.ReadIniValue("ButtonSound", "Beep"), "off"))
+        settings.ButtonSoundPath =
+            ValidateOne(ini, files, messages, registry, dataFolder, reportProblems, "ButtonSound");
+    if (EqualsIgnoreCase(ini.ReadIniValue("AutoRandomSound", "Beep"), "on"))
+        settings.AutoRandomSoundPath = ValidateOne(ini, files, messages, registry, dataFolder,
+                                                   reportProblems, "AutoRandomSound");
+    return settings;
+}
+
+} // namespace vellumar

@@ -1,0 +1,261 @@
+#include "CloudIni.h"
+
+#include "CloudIniFile.h"
+#include "DataFolderChecks.h"
+#include "ProgramPaths.h"
+#include "TempFolder.h"
+#include "TestServices.h"
+
+#include <gtest/gtest.h>
+
+namespace vellumar {
+namespace {
+
+class CloudIniTest : public ::testing::Test {
+protected:
+    test::TempFolder temp;
+    test::TestServices fakes;
+    ProgramPaths paths;
+    DataFolderSettings checks;
+    CloudIniSettings settings;
+
+    CloudIniTest()
+    {
+        paths.ProgramPath = temp.path();
+        paths.AppDataPath = temp.makeFolder("AppData");
+        temp.write("AppData/Microsoft/FS9/fs9.cfg", "[Main]\r\n");
+        temp.write("Texture/Clouds/Summer haze/cld01.bmp");
+        temp.write("Texture/Clouds/Cirrus dawn/cirrus1.bmp");
+        temp.write("Texture/Sky/Blue/sky_1.bmp");
+        temp.makeFolder("Splash Screen");
+        temp.makeFolder("Situation");
+        for (const char* channel : {"Sound/Ch1", "Sound/Ch2", "Sound/Ch3"})
+            temp.makeFolder(channel);
+    }
+
+    // A configuration that loads without any message, plus the lines of the test.
+    void install(const std::string& extra)
+    {
+        temp.write("cloud.ini",
+                   "[PathCheck]\r\nCheck=off\r\n"
+                   "[AppName]\r\nName=Vellumar 2004\r\n"
+                   "[Situation]\r\nCfgFile=fs9.cfg\r\nSection=Main\r\nKey=Situation\r\n"
+                   "[Set1]\r\nDirName=Clouds\\Summer haze\r\n" +
+                       extra);
+    }
+
+    LoadOutcome load()
+    {
+        CloudIniFile ini(fakes.files, fakes.messages, temp / "cloud.ini");
+        return LoadCloudIni(fakes.services, ini, paths, {}, checks, settings);
+    }
+
+    std::string iniValue(const std::string& section, const std::string& key)
+    {
+        CloudIniFile ini(fakes.files, fakes.messages, temp / "cloud.ini");
+        return ini.ReadIniValue(section, key);
+    }
+};
+
+TEST_F(CloudIniTest, AMinimalConfigurationLoadsQuietlyWithEveryDefault)
+{
+    install("");
+    ASSERT_EQ(load(), LoadOutcome::Loaded);
+    EXPECT_TRUE(fakes.messages.empty());
+    EXPECT_EQ(settings.AppName, "Vellumar 2004");
+    EXPECT_EQ(settings.RandomWait, 0);
+    EXPECT_FALSE(settings.BackupOriginals);
+    EXPECT_TRUE(settings.SituationEnabled);
+    EXPECT_FALSE(settings.ShowSkyFiles);
+    EXPECT_FALSE(settings.UnloadAfterFsStart);
+    EXPECT_TRUE(settings.StretchMode);
+    EXPECT_EQ(settings.StartSel, "sky");
+    EXPECT_EQ(settings.AutoRandomInterval, 0);
+    EXPECT_EQ(settings.SoundIntvl, (std::array<int, 2>{5, 5}));
+    EXPECT_EQ(settings.SoundVol, (std::array<int, 3>{50, 50, 50}));
+    EXPECT_EQ(settings.NumberOfDisp, 3);
+    EXPECT_TRUE(settings.ToolTips.empty());
+    ASSERT_EQ(settings.Sets.size(), 1u);
+    EXPECT_EQ(settings.Sets[0].name, "Summer haze");
+    EXPECT_EQ(settings.Sets[0].compatibility, 1);
+}
+
+TEST_F(CloudIniTest, ValuesLoseTheirCommentsAndChoicesIgnoreCase)
+{
+    install("[StartSel]\r\nSel=SITUATION 'start on the situation list\r\n"
+            "[StretchMode]\r\nStretch=OFF\r\n[ShowSkyFiles]\r\nShowFiles=true\r\n"
+            "[Unload]\r\nUnload_Me_After_FsStart=1\r\n[Test]\r\nRandomWait=250\r\n");
+    ASSERT_EQ(load(), LoadOutcome::Loaded);
+    EXPECT_EQ(settings.StartSel, "situation");
+    EXPECT_FALSE(settings.StretchMode);
+    EXPECT_TRUE(settings.ShowSkyFiles);
+    EXPECT_TRUE(settings.UnloadAfterFsStart);
+    EXPECT_EQ(settings.RandomWait, 250);
+
+    install("[StartSel]\r\nSel=fly\r\n[StretchMode]\r\nStretch=no\r\n[ShowSkyFiles]\r\nShowFiles="
+            "maybe\r\n");
+    ASSERT_EQ(load(), LoadOutcome::Loaded);
+    EXPECT_EQ(settings.StartSel, "sky");
+    EXPECT_TRUE(settings.StretchMode);
+    EXPECT_FALSE(settings.ShowSkyFiles);
+}
+
+TEST_F(CloudIniTest, SoundValuesAreClampedAndNegativeOnesLeaveTheOldValue)
+{
+    install("[Sound]\r\nCh1Intvl=75\r\nCh2Intvl=abc\r\nCh1Vol=-5\r\nCh2Vol=150\r\n");
+    settings.SoundVol[0] = 33;
+    ASSERT_EQ(load(), LoadOutcome::Loaded);
+    EXPECT_EQ(settings.SoundIntvl, (std::array<int, 2>{60, 5}));
+    EXPECT_EQ(settings.SoundVol, (std::array<int, 3>{33, 100, 50}));
+}
+
+TEST_F(CloudIniTest, LastInstalledLimitAndEntries)
+{
+    install("[LastInstalled]\r\nNumberOfDisp=0\r\n1=Summer haze,Cumulus\r\n2=broken\r\n"
+            "3=,Cirrus\r\n4=Blue , Sky Color\r\n6=after a gap,Moon\r\n");
+    ASSERT_EQ(load(), LoadOutcome::Loaded);
+    EXPECT_EQ(settings.NumberOfDisp, 1);
+    ASSERT_EQ(settings.LastInstalled.size(), 2u);
+    EXPECT_EQ(settings.LastInstalled[0].setName, "Summer haze");
+    EXPECT_EQ(settings.LastInstalled[1].setName, "Blue ");
+    EXPECT_EQ(settings.LastInstalled[1].dataType, " Sky Color");
+
+    install("[LastInstalled]\r\nNumberOfDisp=-2\r\n");
+    ASSERT_EQ(load(), LoadOutcome::Loaded);
+    EXPECT_EQ(settings.NumberOfDisp, 3);
+    EXPECT_TRUE(settings.LastInstalled.empty());
+}
+
+TEST_F(CloudIniTest, AMissingAppNameEndsTheProgramAndAsksForAPathCheck)
+{
+    temp.write("cloud.ini",
+               "[PathCheck]\r\nCheck=off\r\n[Set1]\r\nDirName=Clouds\\Summer haze\r\n");
+    EXPECT_EQ(load(), LoadOutcome::EndProgram);
+    EXPECT_EQ(fakes.messages.last().title, "ini read Error");
+    EXPECT_EQ(fakes.messages.last().style, MessageStyle::OKOnly | MessageStyle::Critical);
+    EXPECT_EQ(fakes.messages.last().text, "AppName,Name can't read from ini file.\n"
+                                          "Path check will be done on next running.\n"
+                                          "It may help your problem.");
+    EXPECT_EQ(iniValue("PathCheck", "Check"), "on");
+}
+
+TEST_F(CloudIniTest, TheFirstSetIsRequiredAndTheFirstMissingDirNameEndsTheList)
+{
+    temp.write("cloud.ini", "[PathCheck]\r\nCheck=off\r\n[AppName]\r\nName=V\r\n"
+                            "[Situation]\r\nCfgFile=fs9.cfg\r\n[Set2]\r\nDirName=Sky\\Blue\r\n");
+    EXPECT_EQ(load(), LoadOutcome::EndProgram);
+    EXPECT_EQ(fakes.messages.last().text.substr(0, 21), "Process was stopped.\n");
+
+    install("[Set2]\r\nAlias=no folder\r\n[Set3]\r\nDirName=Sky\\Blue\r\n");
+    ASSERT_EQ(load(), LoadOutcome::Loaded);
+    EXPECT_EQ(settings.Sets.size(), 1u);
+}
+
+TEST_F(CloudIniTest, SetsWithAliasesSeriesRandomFlagsAndOrder)
+{
+    temp.write("Texture/Storms/t-storm  1/cldcn1.bmp");
+    temp.write("Texture/Storms/t-storm  3/cldcn1.bmp");
+    temp.write("Texture/Haze/Haze 2/cld02.bmp");
+    install(
+        "[Set2]\r\nDirName=Clouds\\Cirrus dawn\r\nAlias=Morning cirrus\r\nRandom=OFF\r\nOrder=2\r\n"
+        "[Set3]\r\nDirName=Storms\\t-storm\r\nfrom=1\r\nto=3\r\n"
+        "[Set4]\r\nDirName=Haze\\Haze\r\nfrom=2\r\nto=2\r\nAlias=Hazy\r\n"
+        "[Set5]\r\nDirName=Sky\\Blue\r\nOrder=x\r\n");
+    ASSERT_EQ(load(), LoadOutcome::Loaded);
+    EXPECT_TRUE(fakes.messages.empty());
+    ASSERT_EQ(settings.Sets.size(), 6u);
+    EXPECT_EQ(settings.Sets[1].name, "Morning cirrus");
+    EXPECT_FALSE(settings.Sets[1].random);
+    EXPECT_EQ(settings.Sets[1].order, 2);
+    EXPECT_EQ(settings.Sets[1].compatibility, 2);
+    EXPECT_EQ(settings.Sets[2].name, "t-storm  1");
+    EXPECT_EQ(settings.Sets[2].dirName, "Storms\\t-storm  1");
+    EXPECT_EQ(settings.Sets[3].name, "t-storm  3");
+    EXPECT_EQ(settings.Sets[4].name, "Hazy 2");
+    EXPECT_EQ(settings.Sets[5].compatibility, 3);
+    EXPECT_EQ(settings.Sets[5].order, std::nullopt);
+    EXPECT_TRUE(settings.Sets[5].random);
+}
+
+TEST_F(CloudIniTest, AMissingSetFolderIsReportedAndSkipped)
+{
+    install("[Set2]\r\nDirName=Clouds\\Gone\r\n[Set3]\r\nDirName=Sky\\Blue\r\n");
+    ASSERT_EQ(load(), LoadOutcome::Loaded);
+    ASSERT_EQ(fakes.messages.shown().size(), 1u);
+    EXPECT_NE(fakes.messages.last().text.find("\nData folder was not found."), std::string::npos);
+    EXPECT_EQ(settings.Sets.size(), 2u);
+}
+
+TEST_F(CloudIniTest, SituationProblemsDisableSituationsButLoadingGoesOn)
+{
+    temp.write("cloud.ini", "[PathCheck]\r\nCheck=off\r\n[AppName]\r\nName=V\r\n"
+                            "[Set1]\r\nDirName=Clouds\\Summer haze\r\n");
+    ASSERT_EQ(load(), LoadOutcome::Loaded);
+    EXPECT_FALSE(settings.SituationEnabled);
+    EXPECT_EQ(fakes.messages.last().title, "Ini Error");
+    EXPECT_EQ(fakes.messages.last().style, MessageStyle::Information);
+    EXPECT_EQ(fakes.messages.last().text, "Can't read from [Situation] CfgFile= .\n"
+                                          "Situation function will be disabled.\n"
+                                          "Please confirm [Situation] section in cloud.ini.");
+
+    temp.write("cloud.ini",
+               "[PathCheck]\r\nCheck=off\r\n[AppName]\r\nName=V\r\n"
+               "[Situation]\r\nCfgFile=other.cfg\r\n[Set1]\r\nDirName=Clouds\\Summer haze\r\n");
+    ASSERT_EQ(load(), LoadOutcome::Loaded);
+    EXPECT_FALSE(settings.SituationEnabled);
+    EXPECT_EQ(fakes.messages.last().text, "Can't find other.cfg.\n"
+                                          "Situation function will be disabled.\n"
+                                          "Please confirm [Situation] section in cloud.ini.");
+}
+
+TEST_F(CloudIniTest, ToolTipsGoToTheirControls)
+{
+    install("[ToolTipsText]\r\nSky=Texture sets\r\nRandom=\r\nFilterOfList=Filter the list\r\n");
+    ASSERT_EQ(load(), LoadOutcome::Loaded);
+    ASSERT_EQ(settings.ToolTips.size(), 6u);
+    EXPECT_EQ(settings.ToolTips[0],
+              (std::pair<std::string, std::string>{"optSky", "Texture sets"}));
+    EXPECT_EQ(settings.ToolTips[1].first, "lblFilter0");
+    EXPECT_EQ(settings.ToolTips[5].first, "lblFilter5");
+}
+
+TEST_F(CloudIniTest, MusicFilesUntilTheFirstGapSkippingMissingFiles)
+{
+    temp.write("Music/one.mp3");
+    temp.write("Music/three.mp3");
+    install("[Sound]\r\nLastMusicPath=Music\r\nMusicFile1=Music\\one.mp3\r\nMusicFile2=Music\\two."
+            "mp3\r\n"
+            "MusicFile3=Music\\three.mp3\r\nMusicFile5=Music\\one.mp3\r\n");
+    ASSERT_EQ(load(), LoadOutcome::Loaded);
+    EXPECT_EQ(settings.LastMusicPath, temp / "Music");
+    ASSERT_EQ(settings.MusicFiles.size(), 2u);
+    EXPECT_NE(settings.MusicFiles[1].find("three.mp3"), std::string::npos);
+}
+
+TEST_F(CloudIniTest, TheBackupListAndTheSaveSelectionSwitch)
+{
+    install("[ToBeBackuped]\r\nbk=some\r\nbk1=cloud\r\nbk2=sky\r\nbk4=moon\r\n"
+            "[LoadSaveSelection]\r\nSel=True\r\n");
+    ASSERT_EQ(load(), LoadOutcome::Loaded);
+    EXPECT_FALSE(settings.BackupAll);
+    EXPECT_EQ(settings.BackupList, (TextList{"cloud", "sky"}));
+    EXPECT_TRUE(settings.SaveSelection);
+
+    install("[ToBeBackuped]\r\nbk=ALL\r\nbk1=cloud\r\n[LoadSaveSelection]\r\nSel=whatever\r\n");
+    ASSERT_EQ(load(), LoadOutcome::Loaded);
+    EXPECT_TRUE(settings.BackupAll);
+    EXPECT_TRUE(settings.BackupList.empty());
+    EXPECT_TRUE(settings.SaveSelection); // kept when it does not parse
+}
+
+TEST_F(CloudIniTest, TheSplashCounterIsReadFromStartSelOnlyWhenSplashesExist)
+{
+    temp.write("Splash Screen/dlgsplash1.bmp");
+    install("[Splash Screen]\r\nSplash=on\r\nLastNo=7\r\n[StartSel]\r\nLastNo=4\r\nMode=ORDER\r\n");
+    ASSERT_EQ(load(), LoadOutcome::Loaded);
+    EXPECT_EQ(settings.SplashLastNo, 4);
+    EXPECT_EQ(settings.SplashMode, "order");
+}
+
+} // namespace
+} // namespace vellumar
