@@ -41,11 +41,13 @@ void CloudIniFile::Write(const std::string& section, const std::string& key,
 void CloudIniFile::RecordTimeStamp()
 {
     stamp_ = files_.modificationTime(path_).value_or(0);
+    length_ = files_.readFile(path_).value_or(std::string()).size();
 }
 
 bool CloudIniFile::ChangedByOthers() const
 {
-    return files_.modificationTime(path_).value_or(0) != stamp_;
+    return files_.modificationTime(path_).value_or(0) != stamp_ ||
+           files_.readFile(path_).value_or(std::string()).size() != length_;
 }
 
 } // namespace vellumar

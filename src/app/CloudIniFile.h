@@ -28,7 +28,8 @@ public:
     // Takes the file's current time stamp as the program's own.
     void RecordTimeStamp();
     FileTime IniTimeStamp() const { return stamp_; }
-    // True when the file's time stamp differs from the one recorded.
+    // True when the file's time stamp (or, for an edit within the same tick of the file
+    // system's clock, its length) differs from the one recorded.
     bool ChangedByOthers() const;
 
 private:
@@ -36,6 +37,7 @@ private:
     MessageService& messages_;
     std::string path_;
     FileTime stamp_ = 0;
+    std::size_t length_ = 0;
 };
 
 } // namespace vellumar

@@ -1,0 +1,79 @@
+#include "FsDiscovery.h"
+
+#include "CloudIniFile.h"
+#include "ConfiguredPath.h"
+#include "FileHelpers.h"
+#include "FolderBrowser.h"
+#include "MessageService.h"
+#include "PathText.h"
+#include "ProgramPaths.h"
+#include "ResultText.h"
+#include "Services.h"
+#include "TextCompare.h"
+#include "clsRegRead.h"
+
+namespace vellumar {
+
+namespace {
+
+// Folder-browser flags of the original dialog (an edit box, no network domains); Qt's
+// dialog always has both, so the value only documents the intent.
+constexpr int kBrowseRootDesktop = 0;
+
+bool HoldsSimulator(Services& services, const std::string& folder)
+{
+    return !folder.empty() && IsOK(FileExists(services.files, JoinPath(folder, kFsExeName)));
+}
+
+std::string FromRegistry(Services& services, const ProgramPaths& paths)
+{
+    clsRegRead reader(services.registry, paths.WindowsPath);
+    reader.RootHive = RegistryHive::LocalMachine;
+    reader.KeyPath = "Software\\Microsoft\\Microsoft Games\\Flight Simulator";
+    reader.SubKey = "9.0";
+    reader.ValueName = "EXE Path";
+    reader.AsHostPath = true;
+    return TrimTrailingBackslash(reader.RegData());
+}
+
+} // namespace
+
+DiscoveryOutcome FindFsFolder(Services& services, CloudIniFile& ini, ProgramPaths& paths)
+{
+    paths.FsRegPath = FromRegistry(services, paths);
+    paths.FsExeNames[0] = kFsExeName;
+
+    // A registry entry left behind by an uninstalled simulator is no use either.
+    if (!HoldsSimulator(services, paths.FsRegPath)) {
+        std::string kept;
+        if (IsOK(FileExists(services.files, ini.path()))) {
+            const std::string value(TrimBlanks(ini.ReadIniValue("FS2004Path", "Path")));
+            if (!value.empty() && !IsError(value))
+                kept = ConfiguredPath(value, paths.ProgramPath, services.registry);
+        }
+        if (HoldsSimulator(services, kept)) {
+            paths.FsRegPath = kept;
+        } else {
+            std::string chosen;
+            do {
+                chosen = TrimTrailingBackslash(services.folderBrowser.BrowseForFolder(
+                    "Vellumar can't get FS2004 Path.\nPlease select FS2004 Path.",
+                    kBrowseRootDesktop, kept));
+                if (chosen.empty()) {
+                    services.messages.ShowMessage("No FS2004 is installed.", MessageStyle::OKOnly,
+                                                  "No FS");
+                    return DiscoveryOutcome::EndProgram;
+                }
+            } while (!HoldsSimulator(services, chosen));
+            paths.FsRegPath = chosen;
+            ini.Write("FS2004Path", "Path", chosen);
+        }
+    }
+    paths.FsPaths[0] = paths.FsRegPath;
+    paths.FsUserFolder = JoinPath(JoinPath(paths.AppDataPath, "Microsoft"), "FS9");
+    paths.FsFilesFolder = JoinPath(paths.MyDocumentsPath, "Flight Simulator Files");
+    paths.FsIndex = paths.FsRegPath.empty() ? 1 : 0;
+    return DiscoveryOutcome::Found;
+}
+
+} // namespace vellumar

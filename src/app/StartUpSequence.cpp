@@ -1,0 +1,93 @@
+#include "StartUpSequence.h"
+
+#include "FileHelpers.h"
+#include "FileOperations.h"
+#include "FsDiscovery.h"
+#include "GetSystemFolders.h"
+#include "MessageService.h"
+#include "PathText.h"
+#include "ResultText.h"
+#include "Services.h"
+#include "SystemFolders.h"
+
+namespace vellumar {
+
+namespace {
+
+// The sun effect file is saved once, the first time the program meets the simulator, and
+// never overwritten: the saved copy is the simulator's own.
+void BackUpSunEffectOnce(Services& services, const ProgramPaths& paths)
+{
+    const std::string original = JoinPath(paths.FsPath, "suneffect.cfg");
+    const std::string backup = JoinPath(paths.FsPath, "suneffect.cfg_BackUp");
+    if (IsError(FileExists(services.files, backup)) && IsOK(FileExists(services.files, original)))
+        services.files.copyFile(original, backup);
+}
+
+} // namespace
+
+bool IsSmallFontScreen(int logicalDpiY)
+{
+    return logicalDpiY == 96;
+}
+
+StartUpOutcome CheckIniFile(Services& services, ProgramState& state)
+{
+    state.paths.IniName = "cloud.ini";
+    const std::string file = state.paths.IniFile();
+    if (IsError(FileExists(services.files, file))) {
+        services.messages.ShowMessage("No Cloud.ini file is found in this application folder.",
+                                      MessageStyle::OKOnly | MessageStyle::Critical, "No ini File");
+        return StartUpOutcome::EndProgram;
+    }
+    state.ini = std::make_unique<CloudIniFile>(services.files, services.messages, file);
+    bool attributeChanged = true;
+    if (const auto attributes = services.files.attributes(file);
+        attributes && (*attributes & FileAttribute::ReadOnly))
+        attributeChanged = services.files.setAttributes(file, FileAttribute::Archive);
+    state.ini->RecordTimeStamp();
+    if (!attributeChanged)
+        services.messages.ShowMessage("ATTRIBUTE changing Error of CLOUD.ini.\n"
+                                      "Is CLOUD.ini used another application ?",
+                                      MessageStyle::OKOnly | MessageStyle::Exclamation,
+                                      "cloud.ini");
+    return StartUpOutcome::Continue;
+}
+
+LoadOutcome optFs_Click(Services& services, const ScreenFacts& screen, ProgramState& state,
+                        int index)
+{
+    ProgramPaths& paths = state.paths;
+    paths.FsIndex = index;
+    paths.FsPath = paths.FsPaths[static_cast<std::size_t>(index)];
+    paths.FsTexturePath = JoinPath(paths.FsPath, "texture");
+    return LoadCloudIni(services, *state.ini, paths, screen.installedFonts, state.checks,
+                        state.settings);
+}
+
+StartUpOutcome RunStartUpSequence(Services& services, const ScreenFacts& screen,
+                                  ProgramState& state)
+{
+    state.paths.ProgramPath = TrimTrailingBackslash(services.systemFolders.programFolder());
+    if (IsError(GetSystemFolders(services.systemFolders, services.messages, state.paths)))
+        return StartUpOutcome::EndProgram;
+
+    if (!IsSmallFontScreen(screen.logicalDpiY))
+        services.messages.ShowSystemMessage("Sorry...\n"
+                                            "Vellumar 2004 does not apply Large font size.\n"
+                                            "Please select Small font size from Display property.",
+                                            MessageStyle::OKOnly | MessageStyle::Information,
+                                            "Screen Font Size Error");
+
+    if (CheckIniFile(services, state) == StartUpOutcome::EndProgram)
+        return StartUpOutcome::EndProgram;
+    if (FindFsFolder(services, *state.ini, state.paths) == DiscoveryOutcome::EndProgram)
+        return StartUpOutcome::EndProgram;
+    if (optFs_Click(services, screen, state, state.paths.FsIndex) == LoadOutcome::EndProgram)
+        return StartUpOutcome::EndProgram;
+
+    BackUpSunEffectOnce(services, state.paths);
+    return StartUpOutcome::Continue;
+}
+
+} // namespace vellumar

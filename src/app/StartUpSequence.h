@@ -1,0 +1,45 @@
+#pragma once
+
+#include "CloudIni.h"
+#include "CloudIniFile.h"
+#include "DataFolderChecks.h"
+#include "ProgramPaths.h"
+
+#include <memory>
+
+namespace vellumar {
+
+struct Services;
+
+// Everything the start-up finds out, kept for the whole run.
+struct ProgramState {
+    ProgramPaths paths;
+    DataFolderSettings checks;
+    CloudIniSettings settings;
+    std::unique_ptr<CloudIniFile> ini;
+};
+
+// What the windows tell the start-up about the screen and the fonts.
+struct ScreenFacts {
+    int logicalDpiY = 96;
+    TextList installedFonts;
+};
+
+// The start-up up to a loaded configuration: the system folders, the screen check, cloud.ini
+// itself, the simulator folder and the configuration of the chosen simulator, and the one-time
+// backup of the sun effect file. The main window does the rest (its lists and buttons).
+// EndProgram after a fatal problem the user has been told about.
+StartUpOutcome RunStartUpSequence(Services& services, const ScreenFacts& screen,
+                                  ProgramState& state);
+
+// True when the screen runs at 96 logical pixels per inch, the small-fonts setting.
+bool IsSmallFontScreen(int logicalDpiY);
+
+// Makes cloud.ini writable and records its time stamp; EndProgram when it is missing.
+StartUpOutcome CheckIniFile(Services& services, ProgramState& state);
+
+// Selects simulator folder `index` and loads its configuration.
+LoadOutcome optFs_Click(Services& services, const ScreenFacts& screen, ProgramState& state,
+                        int index);
+
+} // namespace vellumar
