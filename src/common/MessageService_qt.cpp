@@ -1,5 +1,8 @@
 #include "MessageService_qt.h"
 
+#include "frmMsg.h"
+
+#include <QEventLoop>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -37,7 +40,7 @@ std::vector<ButtonSpec> ButtonsOf(int style)
     }
 }
 
-QMessageBox::Icon IconOf(int style)
+QMessageBox::Icon SystemIconOf(int style)
 {
     switch (style & MessageStyle::IconMask) {
     case MessageStyle::Critical:
@@ -61,14 +64,47 @@ QtMessageService::QtMessageService(QWidget* owner)
 
 int QtMessageService::ShowMessage(const std::string& text, int style, const std::string& title)
 {
-    return ShowSystemMessage(text, style, title);
+    // The main window stays disabled while the message waits, so no second message can start
+    // from it; timers and other windows keep running.
+    const QPointer<QWidget> mainWindow = mainWindow_;
+    const bool mainWasEnabled = mainWindow && mainWindow->isEnabled();
+    if (mainWindow)
+        mainWindow->setEnabled(false);
+
+    int result = 0;
+    {
+        frmMsg window;
+        window.setFixedFontName(QString::fromStdString(fixedFontName_));
+        window.setMessageSound(messageSound_);
+        window.setCentreOn(mainWindow);
+        window.setMessageText(QString::fromStdString(text));
+        window.setMessageStyle(style);
+        window.setTitle(QString::fromStdString(title));
+
+        QEventLoop wait;
+        QObject::connect(&window, &frmMsg::answered, &wait, &QEventLoop::quit);
+        window.show();
+        // The sound hook or a quick hand may already have answered.
+        if (!window.isDone())
+            wait.exec();
+        result = window.messageResult();
+        window.hide();
+    }
+
+    if (mainWindow) {
+        mainWindow->setEnabled(mainWasEnabled);
+        // A main window hidden to the tray stays hidden.
+        if (mainWasEnabled && mainWindow->isVisible())
+            mainWindow->activateWindow();
+    }
+    return result;
 }
 
 int QtMessageService::ShowSystemMessage(const std::string& text, int style,
                                         const std::string& title)
 {
-    QMessageBox box(IconOf(style), QString::fromStdString(title), QString::fromStdString(text),
-                    QMessageBox::NoButton, owner_);
+    QMessageBox box(SystemIconOf(style), QString::fromStdString(title),
+                    QString::fromStdString(text), QMessageBox::NoButton, owner_);
     const std::vector<ButtonSpec> buttons = ButtonsOf(style);
     for (const ButtonSpec& spec : buttons)
         box.addButton(spec.button);

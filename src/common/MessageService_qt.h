@@ -2,12 +2,16 @@
 
 #include "MessageService.h"
 
-class QWidget;
+#include <QPointer>
+#include <QWidget>
+
+#include <functional>
+#include <string>
 
 namespace vellumar {
 
-// Messages shown in Qt's standard message box. The program's own skinned message box will
-// take over ShowMessage; the plain system message box stays here.
+// ShowMessage shows the program's own message box, frmMsg; ShowSystemMessage the toolkit's
+// standard one, for the few messages that come before frmMsg can be used.
 class QtMessageService final : public MessageService {
 public:
     explicit QtMessageService(QWidget* owner = nullptr);
@@ -15,8 +19,18 @@ public:
     int ShowMessage(const std::string& text, int style, const std::string& title) override;
     int ShowSystemMessage(const std::string& text, int style, const std::string& title) override;
 
+    // The main window, disabled while a message waits. There is none during start-up.
+    void setMainWindow(QWidget* window) { mainWindow_ = window; }
+    // The configured fixed-pitch font of the message text; empty keeps the default.
+    void setFixedFontName(const std::string& family) { fixedFontName_ = family; }
+    // Plays the message sound of a style; called just before each message shows itself.
+    void setMessageSound(std::function<void(int style)> play) { messageSound_ = std::move(play); }
+
 private:
     QWidget* owner_;
+    QPointer<QWidget> mainWindow_;
+    std::string fixedFontName_;
+    std::function<void(int)> messageSound_;
 };
 
 } // namespace vellumar
