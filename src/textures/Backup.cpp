@@ -1,0 +1,116 @@
+#include "Backup.h"
+
+#include "EventPump.h"
+#include "FileHelpers.h"
+#include "FileOperations.h"
+#include "MessageService.h"
+#include "PathText.h"
+#include "ReplaceFile.h"
+#include "ResultText.h"
+#include "TextCompare.h"
+
+#include <unordered_set>
+
+namespace vellumar {
+
+std::string BackupFolderOf(const std::string& dataFolder)
+{
+    return JoinPath(dataFolder, "BackUp");
+}
+
+bool BackupExists(FileOperations& files, const TextureFolders& folders, const std::string& name)
+{
+    return IsOK(FileExists(files, JoinPath(folders.BackupFolder, name)));
+}
+
+bool CopyToBackup(TextureServices& services, const std::string& source, const std::string& target,
+                  bool compare, bool ask)
+{
+    FileOperations& files = services.files;
+    if (IsError(FileExists(files, source)))
+        return true;
+    if (IsError(FileExists(files, target)))
+        return files.copyFile(source, target);
+    if (!compare || files.modificationTime(source) == files.modificationTime(target))
+        return true; // the first backup of a name wins
+    if (ask) {
+        if (!ShellFileOperation(files, services.messages, source, target, ShellOperation::Copy,
+                                true)) {
+            services.messages.ShowMessage("Backup file Error!! FileName : " +
+                                              LastPathComponent(target),
+                                          MessageStyle::Critical, "File Copy Error");
+            return false;
+        }
+        return true;
+    }
+    return ReplaceFileWithCopy(files, source, target);
+}
+
+bool BackupFileList(TextureServices& services, const TextureFolders& folders, const TextList& names,
+                    bool compare, bool ask)
+{
+    for (const std::string& name : names) {
+        services.showStatus("Copying " + name);
+        if (!CopyToBackup(services, JoinPath(folders.FsTexturePath, name),
+                          JoinPath(folders.BackupFolder, name), compare, ask))
+            return false;
+    }
+    return true;
+}
+
+void BackupSelectedFiles(TextureServices& services, const TextureFolders& folders,
+                         const TickList& cloudFiles, const TickList& optionFiles)
+{
+    TextList toBackUp;
+    std::string notFound;
+    for (const TickList* list : {&cloudFiles, &optionFiles})
+        for (const auto& [item, ticked] : *list) {
+            if (!ticked)
+                continue;
+            if (IsOK(FileExists(services.files, JoinPath(folders.FsTexturePath, item))))
+                toBackUp.push_back(item);
+            else
+                notFound += " " + item + "\n";
+        }
+    if (!notFound.empty())
+        notFound.pop_back();
+    MakeFolderPath(services.files, folders.BackupFolder);
+    BackupFileList(services, folders, toBackUp, false, false);
+    if (!notFound.empty())
+        services.messages.ShowMessage("Following files are not found in the Texture Folder.\n" +
+                                          notFound,
+                                      MessageStyle::OKOnly, "Backup files");
+}
+
+bool RebackupAll(TextureServices& services, const TextureFolders& folders, bool compare, bool ask)
+{
+    if (IsError(FolderExists(services.files, folders.BackupFolder)))
+        MakeFolderPath(services.files, folders.BackupFolder);
+    TextList everything;
+    ListFilesInTree(services.files, services.events, JoinPath(folders.DataFolder, "Texture"), "*.*",
+                    everything);
+    std::unordered_set<std::string> seen;
+    for (const std::string& path : everything) {
+        const std::string name = LastPathComponent(path);
+        if (!seen.insert(ToLowerAscii(name)).second)
+            continue;
+        const std::string original = JoinPath(folders.FsTexturePath, name);
+        if (IsError(FileExists(services.files, original)))
+            continue;
+        services.showStatus("Copying " + name);
+        if (!CopyToBackup(services, original, JoinPath(folders.BackupFolder, name), compare, ask))
+            return false;
+    }
+    return true;
+}
+
+void mnuBkAll_Click(TextureServices& services, const TextureFolders& folders,
+                    const std::function<void()>& beep)
+{
+    if (!RebackupAll(services, folders, true, false))
+        services.messages.ShowMessage("Re-backup procedure was failed !!", MessageStyle::OKOnly,
+                                      "re-backup Error");
+    beep();
+}
+
+} // namespace vellumar

@@ -1,0 +1,221 @@
+#include "Install.h"
+
+#include "Backup.h"
+#include "EventPump.h"
+#include "FileHelpers.h"
+#include "FileOperations.h"
+#include "LastInstalled.h"
+#include "MessageService.h"
+#include "PathText.h"
+#include "ReplaceFile.h"
+#include "ResultText.h"
+#include "SetCatalogue.h"
+#include "TextCompare.h"
+
+#include <algorithm>
+
+namespace vellumar {
+
+namespace {
+
+std::string Ending(const std::string& name)
+{
+    return ToLowerAscii(name.size() >= 3 ? name.substr(name.size() - 3) : name);
+}
+
+void CutFinalLineBreak(std::string& list)
+{
+    if (!list.empty() && list.back() == '\n')
+        list.pop_back();
+}
+
+// Shows the error of a failed placement and reports failure.
+bool ReportInstallError(MessageService& messages, const std::string& detail)
+{
+    messages.ShowMessage(detail + "\n\nBe sure your attribute on Msfs folder and texture folder "
+                                  "is in Archive attribute and not Read only.",
+                         MessageStyle::OKOnly | MessageStyle::Critical, "Install Error");
+    return false;
+}
+
+// One file into the simulator, never leaving the target missing or half written.
+bool PlaceFile(TextureServices& services, const std::string& source, const std::string& target)
+{
+    FileOperations& files = services.files;
+    const std::string killDetail = "Could not kill the using files.\n" + target;
+    const std::string copyDetail =
+        "Could not copy the files.\nFrom: " + source + "\nTo  : " + target;
+    if (const auto attributes = files.attributes(target);
+        attributes && (*attributes & (FileAttribute::ReadOnly | FileAttribute::Directory)))
+        return ReportInstallError(services.messages, killDetail);
+
+    const std::string temporary = TemporarySiblingName(target);
+    auto removeTemporary = [&] {
+        if (files.attributes(temporary)) {
+            files.setAttributes(temporary, FileAttribute::Archive);
+            files.deleteFile(temporary);
+        }
+    };
+    removeTemporary();
+    if (!files.copyFile(source, temporary)) {
+        removeTemporary();
+        return ReportInstallError(services.messages, copyDetail);
+    }
+    if (!files.renameOver(temporary, target)) {
+        removeTemporary();
+        return ReportInstallError(services.messages, killDetail);
+    }
+    return true;
+}
+
+struct Collected {
+    std::string installList, notFoundList, noBackupList, cannotBackupList;
+    TextList sources, names, noBackupNames;
+};
+
+void Collect(FileOperations& files, const TextureFolders& folders, const TickList& list,
+             const std::string& setFolder, bool backupOriginals, Collected& collected)
+{
+    for (const auto& [item, ticked] : list) {
+        if (!ticked)
+            continue;
+        const std::string source = JoinPath(setFolder, item);
+        if (!IsError(FileExists(files, source))) {
+            collected.installList += " " + item + "\n";
+            collected.sources.push_back(source);
+            collected.names.push_back(item);
+        } else {
+            collected.notFoundList += " " + item + "\n";
+        }
+        if (backupOriginals && !BackupExists(files, folders, item)) {
+            collected.noBackupList += " " + item + "\n";
+            collected.noBackupNames.push_back(item);
+        }
+    }
+}
+
+} // namespace
+
+std::string DestinationFolder(const TextureFolders& folders, const std::string& name,
+                              bool effectsInstall)
+{
+    const std::string ending = Ending(name);
+    if (ending == "cld" || ending == "xml")
+        return JoinPath(JoinPath(folders.FsPath, "weather"), "clouds");
+    if (ending == "cfg")
+        return folders.FsPath;
+    if (ending == ".fx")
+        return JoinPath(folders.FsPath, "effects");
+    if (ending == "bmp" && effectsInstall)
+        return JoinPath(JoinPath(folders.FsPath, "effects"), "texture");
+    return folders.FsTexturePath;
+}
+
+bool CopySetFilesToSimulator(TextureServices& services, const TextureFolders& folders,
+                             const TextList& sources, const TextList& names,
+                             const std::function<void(std::size_t, std::size_t)>& progress)
+{
+    if (sources.empty())
+        return true;
+    const bool effectsInstall = std::any_of(
+        names.begin(), names.end(), [](const std::string& name) { return Ending(name) == ".fx"; });
+    for (std::size_t i = 0; i < sources.size(); ++i) {
+        if (progress)
+            progress(i, sources.size());
+        services.events.DoEvents();
+        const std::string target =
+            JoinPath(DestinationFolder(folders, names[i], effectsInstall), names[i]);
+        if (!PlaceFile(services, sources[i], target))
+            return false;
+    }
+    return true;
+}
+
+InstallOutcome InstallTextureSet(TextureServices& services, const TextureFolders& folders,
+                                 const InstallRequest& request, LastInstalledRecord& record)
+{
+    services.showStatus(request.hideSetName ? std::string() : request.setName);
+    if (request.cloudFiles.empty() && request.optionFiles.empty())
+        return {};
+    const std::string setName = request.hideSetName ? "Random Texture set" : request.setName;
+
+    Collected collected;
+    Collect(services.files, folders, request.cloudFiles, request.cloudSetFolder,
+            request.backupOriginals, collected);
+    Collect(services.files, folders, request.optionFiles, request.optionSetFolder,
+            request.backupOriginals, collected);
+    CutFinalLineBreak(collected.installList);
+    CutFinalLineBreak(collected.notFoundList);
+    CutFinalLineBreak(collected.noBackupList);
+
+    if (request.backupOriginals && !collected.noBackupList.empty()) {
+        int answer = MessageResult::Yes;
+        if (!request.autoRandomRunning)
+            answer = services.messages.ShowMessage(
+                "*** " + setName +
+                    " ***\n\nFollowing backup files are not found.\n"
+                    "Try to backup these files again?\n" +
+                    collected.noBackupList,
+                MessageStyle::YesNo | MessageStyle::Exclamation, "No Backup files");
+        if (answer == MessageResult::Yes) {
+            MakeFolderPath(services.files, folders.BackupFolder);
+            for (const std::string& name : collected.noBackupNames) {
+                const std::string original = JoinPath(folders.FsTexturePath, name);
+                if (IsOK(FileExists(services.files, original)))
+                    CopyToBackup(services, original, JoinPath(folders.BackupFolder, name), false,
+                                 false);
+                else
+                    collected.cannotBackupList += " " + name + "\n";
+            }
+        }
+    }
+    CutFinalLineBreak(collected.cannotBackupList);
+
+    std::string partA, partB, partC;
+    if (!collected.installList.empty())
+        partA = "Texture set from above will be installed.";
+    if (!collected.notFoundList.empty())
+        partB = (partA.empty() ? "Following to be installed files not found."
+                               : "And following to be installed files not found.") +
+                std::string("\n") + collected.notFoundList;
+    if (request.backupOriginals && !collected.cannotBackupList.empty())
+        partC = (partA.empty() && partB.empty()
+                     ? "Following files can not be backuped.(No files in Texture folder.)"
+                     : "And following files is not backuped.") +
+                std::string("\n") + collected.cannotBackupList;
+
+    std::string body;
+    for (const std::string* part : {&partA, &partB, &partC})
+        if (!part->empty())
+            body += (body.empty() ? "" : "\n\n") + *part;
+    int type = MessageStyle::OKCancel | MessageStyle::Information;
+    if (!partB.empty())
+        type = MessageStyle::OKCancel | MessageStyle::Critical;
+    else if (!partC.empty())
+        type = MessageStyle::OKCancel | MessageStyle::Exclamation;
+
+    if (request.ask && !request.autoRandomRunning) {
+        const int answer = services.messages.ShowMessage("*** " + setName + " ***\n\n" + body, type,
+                                                         "Installation");
+        if (answer == MessageResult::Cancel)
+            return {};
+    }
+
+    const std::string dataType =
+        GetSetDataType(services.files, services.events, request.cloudSetFolder);
+    InstallOutcome outcome;
+    if (CopySetFilesToSimulator(services, folders, collected.sources, collected.names,
+                                [&](std::size_t index, std::size_t) {
+                                    services.showStatus("Copying " + collected.names[index]);
+                                })) {
+        record.AddLastInstalled(setName, dataType);
+        outcome.installed = true;
+    } else {
+        outcome.stopAutoRandom = true;
+    }
+    if (!request.autoRandomRunning)
+        services.showStatus(request.hideSetName ? "Press Install Button." : request.setName);
+    return outcome;
+}
+
+} // namespace vellumar

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "TextList.h"
+#include "TextureFolders.h"
+
+#include <string>
+
+namespace vellumar {
+
+class LastInstalledRecord;
+
+// The folder of the simulator where a set file goes, by its last three characters; one ".fx"
+// file among the files of an installation sends all its bitmaps to the effects textures.
+std::string DestinationFolder(const TextureFolders& folders, const std::string& name,
+                              bool effectsInstall);
+
+// Places each file of an installation in the simulator. A target is replaced by a copy under a
+// temporary name that is then swapped in, so a failed copy leaves the simulator's file as it
+// was. Stops at the first failure with the "Install Error" message; files placed before it stay.
+// `progress` hears of each file before it is copied (index from 0, count).
+bool CopySetFilesToSimulator(TextureServices& services, const TextureFolders& folders,
+                             const TextList& sources, const TextList& names,
+                             const std::function<void(std::size_t, std::size_t)>& progress = {});
+
+struct InstallRequest {
+    std::string setName;         // the text of cmbClouds
+    std::string cloudSetFolder;  // full folder of the cloud set
+    std::string optionSetFolder; // full folder of the option set
+    TickList cloudFiles;         // lstClouds
+    TickList optionFiles;        // lstOption
+    bool hideSetName = false;    // a hidden random pick: the name is not shown
+    bool autoRandomRunning = false;
+    bool ask = true;
+    bool backupOriginals = false;
+};
+
+struct InstallOutcome {
+    bool installed = false;
+    // A copy failed: the caller switches AutoRandom off.
+    bool stopAutoRandom = false;
+};
+
+// Collects the ticked files of both sets, checks them (and, with backupOriginals, their
+// backups), asks for confirmation unless AutoRandom runs or `ask` is off, copies them into
+// the simulator and records the set as installed.
+InstallOutcome InstallTextureSet(TextureServices& services, const TextureFolders& folders,
+                                 const InstallRequest& request, LastInstalledRecord& record);
+
+} // namespace vellumar

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "TextList.h"
+#include "TextureFolders.h"
+
+namespace vellumar {
+
+// Puts the simulator's originals of the ticked files back from the backup folder, after
+// confirmation. Whatever folder an installed file went to, the original goes back to the
+// texture folder, the only folder backups come from.
+void RestoreOriginals(TextureServices& services, const TextureFolders& folders,
+                      const TickList& cloudFiles, const TickList& optionFiles);
+
+// Copies each backup back into the texture folder; the backup itself stays. False when a file
+// could not be put back (it is then as it was).
+bool CopyBackToSimulator(TextureServices& services, const TextureFolders& folders,
+                         const TextList& names);
+
+} // namespace vellumar

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace vellumar {
+
+class EventPump;
+class FileOperations;
+class MessageService;
+
+// The folders an install, backup or restore works between.
+struct TextureFolders {
+    std::string FsPath;        // the simulator's folder
+    std::string FsTexturePath; // its main texture folder: the only source and target of backups
+    std::string BackupFolder;  // where the simulator's originals are kept, by bare name
+    std::string DataFolder;    // the texture library's data folder
+};
+
+// The backup folder of a data folder.
+std::string BackupFolderOf(const std::string& dataFolder);
+
+// A list of the main window: its entries and which of them are ticked.
+using TickList = std::vector<std::pair<std::string, bool>>;
+
+// What the texture operations need from the program around them.
+struct TextureServices {
+    MessageService& messages;
+    FileOperations& files;
+    EventPump& events;
+    // The main window's status line (lblMsg); shows progress such as "Copying name".
+    std::function<void(const std::string&)> showStatus = [](const std::string&) {};
+};
+
+} // namespace vellumar

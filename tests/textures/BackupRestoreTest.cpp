@@ -1,0 +1,130 @@
+#include "Backup.h"
+#include "FileHelpers.h"
+#include "Restore.h"
+#include "TempFolder.h"
+#include "TestServices.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <filesystem>
+
+namespace vellumar {
+namespace {
+
+class BackupRestoreTest : public ::testing::Test {
+protected:
+    test::TempFolder temp;
+    test::TestServices fakes;
+    TextureServices services{fakes.messages, fakes.files, fakes.events};
+    TextureFolders folders;
+
+    BackupRestoreTest()
+    {
+        folders.FsPath = temp.makeFolder("FS9");
+        folders.FsTexturePath = temp.makeFolder("FS9/texture");
+        folders.DataFolder = temp.path();
+        folders.BackupFolder = temp / "BackUp";
+    }
+
+    void age(const std::string& relative)
+    {
+        std::filesystem::last_write_time(temp / relative,
+                                         std::filesystem::last_write_time(temp / relative) -
+                                             std::chrono::hours(24));
+    }
+};
+
+TEST_F(BackupRestoreTest, TheBackupButtonListsFilesTheTextureFolderDoesNotHold)
+{
+    temp.write("FS9/texture/cld01.bmp", "original");
+    temp.write("FS9/weather/clouds/clouds.cld", "original");
+    BackupSelectedFiles(services, folders, {{"cld01.bmp", true}, {"clouds.cld", true}},
+                        {{"trail.bmp", true}, {"skipped.bmp", false}});
+    EXPECT_EQ(temp.read("BackUp/cld01.bmp"), "original");
+    EXPECT_EQ(fakes.messages.last().title, "Backup files");
+    EXPECT_EQ(fakes.messages.last().text,
+              "Following files are not found in the Texture Folder.\n clouds.cld\n trail.bmp");
+}
+
+TEST_F(BackupRestoreTest, TheFirstBackupWinsUnlessTimeStampsAreCompared)
+{
+    temp.write("FS9/texture/sky.bmp", "first");
+    temp.write("BackUp/sky.bmp", "kept");
+    age("BackUp/sky.bmp");
+    EXPECT_TRUE(BackupFileList(services, folders, {"sky.bmp"}, false, false));
+    EXPECT_EQ(temp.read("BackUp/sky.bmp"), "kept");
+    EXPECT_TRUE(BackupFileList(services, folders, {"sky.bmp"}, true, false));
+    EXPECT_EQ(temp.read("BackUp/sky.bmp"), "first");
+    EXPECT_TRUE(BackupFileList(services, folders, {"missing.bmp"}, true, false));
+}
+
+TEST_F(BackupRestoreTest, AskingLetsTheUserRefuseAndThatIsAFailure)
+{
+    temp.write("FS9/texture/sky.bmp", "new");
+    temp.write("BackUp/sky.bmp", "old");
+    age("BackUp/sky.bmp");
+    fakes.messages.answerNext(MessageResult::No);
+    EXPECT_FALSE(BackupFileList(services, folders, {"sky.bmp"}, true, true));
+    EXPECT_EQ(temp.read("BackUp/sky.bmp"), "old");
+    EXPECT_EQ(fakes.messages.last().title, "File Copy Error");
+    EXPECT_EQ(fakes.messages.last().text, "Backup file Error!! FileName : sky.bmp");
+    EXPECT_EQ(fakes.messages.last().style, MessageStyle::Critical);
+}
+
+TEST_F(BackupRestoreTest, ReBackupTakesEachNameOfTheLibraryOnce)
+{
+    temp.write("Texture/Clouds/A/cld01.bmp");
+    temp.write("Texture/Clouds/B/cld01.bmp");
+    temp.write("Texture/Clouds/B/notinsim.bmp");
+    temp.write("FS9/texture/cld01.bmp", "original");
+    int beeps = 0;
+    TextList status;
+    services.showStatus = [&status](const std::string& text) { status.push_back(text); };
+    mnuBkAll_Click(services, folders, [&beeps] { ++beeps; });
+    EXPECT_EQ(temp.read("BackUp/cld01.bmp"), "original");
+    EXPECT_EQ(status, (TextList{"Copying cld01.bmp"}));
+    EXPECT_EQ(beeps, 1);
+    EXPECT_TRUE(fakes.messages.empty());
+}
+
+TEST_F(BackupRestoreTest, RestoreConfirmsAndPutsOnlyBackedUpFilesBack)
+{
+    temp.write("BackUp/cld01.bmp", "original");
+    temp.write("FS9/texture/cld01.bmp", "installed");
+    const TickList ticked = {{"cld01.bmp", true}, {"clouds.cld", true}, {"sky.bmp", true}};
+    RestoreOriginals(services, folders, ticked, {});
+    EXPECT_EQ(fakes.messages.last().title, "To Original Files");
+    EXPECT_EQ(fakes.messages.last().style, 49);
+    EXPECT_EQ(fakes.messages.last().text,
+              "Following files will be back to original.\n cld01.bmp\n\n"
+              "And following files are not found in the BackUp "
+              "Folder.\n clouds.cld\n sky.bmp");
+    EXPECT_EQ(temp.read("FS9/texture/cld01.bmp"), "original");
+    EXPECT_EQ(temp.read("BackUp/cld01.bmp"), "original");
+
+    // Again: the same result, the backup unchanged.
+    temp.write("FS9/texture/cld01.bmp", "installed again");
+    RestoreOriginals(services, folders, {{"cld01.bmp", true}}, {});
+    EXPECT_EQ(fakes.messages.last().style, 65);
+    EXPECT_EQ(temp.read("FS9/texture/cld01.bmp"), "original");
+}
+
+TEST_F(BackupRestoreTest, CancelRestoresNothing)
+{
+    temp.write("BackUp/cld01.bmp", "original");
+    temp.write("FS9/texture/cld01.bmp", "installed");
+    fakes.messages.answerNext(MessageResult::Cancel);
+    RestoreOriginals(services, folders, {{"cld01.bmp", true}}, {});
+    EXPECT_EQ(temp.read("FS9/texture/cld01.bmp"), "installed");
+}
+
+TEST_F(BackupRestoreTest, NothingToRestoreStillAsks)
+{
+    RestoreOriginals(services, folders, {{"x.bmp", false}}, {});
+    EXPECT_EQ(fakes.messages.last().text, "");
+    EXPECT_EQ(fakes.messages.last().title, "To Original Files");
+}
+
+} // namespace
+} // namespace vellumar
