@@ -1,5 +1,6 @@
 #include "CliCommands.h"
 
+#include "DemoEnvironment.h"
 #include "FileHelpers.h"
 #include "FileOperations.h"
 #include "GetSystemFolders.h"
@@ -118,6 +119,44 @@ int Where(Services& services, std::ostream& out)
     return IsOK(result) ? CliExit::Success : CliExit::Failed;
 }
 
+// demo DIR [--force], the folder and the switch in either order.
+int Demo(const Arguments& args, Services& services, std::ostream& out, std::ostream& err)
+{
+    DemoOptions options;
+    for (std::size_t i = 1; i < args.size(); ++i) {
+        if (args[i] == "--force" && !options.force) {
+            options.force = true;
+        } else if (options.folder.empty() && !args[i].empty() && !args[i].starts_with("--")) {
+            options.folder = args[i];
+        } else {
+            err << CliUsage();
+            return CliExit::UsageError;
+        }
+    }
+    if (options.folder.empty()) {
+        err << CliUsage();
+        return CliExit::UsageError;
+    }
+    options.userName = CurrentUserName();
+
+    const DemoOutcome outcome = BuildDemoEnvironment(services.files, options);
+    for (const std::string& note : outcome.notes)
+        err << "vellumar-cli: note: " << note << '\n';
+    if (!outcome.built) {
+        err << "vellumar-cli: demo: " << outcome.error << '\n';
+        return CliExit::Failed;
+    }
+    // Only comments and exports on standard output, so that eval "$(vellumar-cli demo DIR)"
+    // sets up the shell.
+    const auto tenths = static_cast<unsigned long long>((outcome.bytes + 52428) / 104858);
+    out << "# Vellumar demo " << (outcome.replaced ? "rebuilt" : "built") << " in "
+        << outcome.folder << ": " << outcome.files << " files, " << tenths / 10 << '.'
+        << tenths % 10 << " MB; see home/help/index.html\n"
+        << "export WINEPREFIX=" << ShellQuoted(outcome.prefix) << '\n'
+        << "export VELLUMAR_HOME=" << ShellQuoted(outcome.home) << '\n';
+    return CliExit::Success;
+}
+
 } // namespace
 
 std::string CliUsage()
@@ -133,6 +172,11 @@ std::string CliUsage()
            "                                  HKEY_LOCAL_MACHINE, HKEY_USERS or HKEY_CURRENT_USER\n"
            "                                  (on Linux: the registry of the Wine prefix)\n"
            "  where                           print the program folder and the system folders\n"
+           "  demo DIR [--force]              build a demo installation in DIR (a Wine prefix\n"
+           "                                  with a stand-in simulator, a program folder with\n"
+           "                                  texture sets) and print the variables to export;\n"
+           "                                  a non-empty DIR without an earlier demo needs\n"
+           "                                  --force\n"
            "\n"
            "Messages go to standard error as their title and text; a question is answered\n"
            "with its default button.\n"
@@ -164,6 +208,8 @@ int RunCliCommand(const Arguments& args, Services& services, std::ostream& out, 
         return RegGet(args, services, out, err);
     if (is(1, {"where"}))
         return Where(services, out);
+    if (!args.empty() && args[0] == "demo")
+        return Demo(args, services, out, err);
 
     err << CliUsage();
     return CliExit::UsageError;
