@@ -215,7 +215,7 @@ protected:
         test::FaultyFileOperations files;
         const auto start = std::chrono::steady_clock::now();
         outcome_ = std::make_unique<DemoOutcome>(
-            BuildDemoEnvironment(files, {temp_->path() + "/demo", false, kUser}));
+            BuildDemoEnvironment(files, {(*temp_) / "demo", false, kUser}));
         seconds_ = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
         files_ = std::make_unique<std::map<std::string, std::string>>(FilesBelow(outcome_->folder));
     }
@@ -245,8 +245,8 @@ TEST_F(DemoEnvironmentTest, BuildsQuicklyAndSaysWhereToPointTheProgram)
 {
     ASSERT_TRUE(outcome().built) << outcome().error;
     EXPECT_FALSE(outcome().replaced);
-    EXPECT_EQ(outcome().prefix, JoinPath(temp_->path() + "/demo", "prefix"));
-    EXPECT_EQ(outcome().home, JoinPath(temp_->path() + "/demo", "home"));
+    EXPECT_EQ(outcome().prefix, JoinPath((*temp_) / "demo", "prefix"));
+    EXPECT_EQ(outcome().home, JoinPath((*temp_) / "demo", "home"));
     EXPECT_EQ(static_cast<std::size_t>(outcome().files), files().size());
     std::uint64_t bytes = 0;
     for (const auto& [name, contents] : files())
@@ -404,10 +404,10 @@ TEST_F(DemoEnvironmentTest, EveryPathInCloudIniLeadsSomewhere)
     const std::string& ini = cloudIni();
     const std::string homeFolder = outcome().home;
     auto resolve = [&](const std::string& value) {
-        if (value.size() > 2 && value[1] == ':') // C:\... lies in the prefix's drive C:
-            return JoinPath(JoinPath(outcome().prefix, "drive_c"), Native(value.substr(3)));
-        if (IsPathSeparator(value.front()))
+        if (fs::path(Native(value)).is_absolute())
             return Native(value);
+        if (value.size() > 2 && value[1] == ':') // elsewhere C:\... lies in the prefix's drive C:
+            return JoinPath(JoinPath(outcome().prefix, "drive_c"), Native(value.substr(3)));
         return JoinPath(homeFolder, Native(value));
     };
     EXPECT_EQ(IniValue(ini, "DataFolder", "Path"), ""); // the program's own folder
