@@ -39,6 +39,9 @@ void CheckFonts(Services& services, const CloudIniFile& ini, const TextList& ins
         settings.ProportionalFont = proportional;
     if (IsPresent(fix))
         settings.FixFont = fix;
+    // Without windows the installed fonts are unknown, and there is nothing to check.
+    if (installedFonts.empty())
+        return;
 
     bool proportionalFound = settings.ProportionalFont.empty();
     bool fixFound = settings.FixFont.empty();

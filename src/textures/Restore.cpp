@@ -9,7 +9,7 @@
 
 namespace vellumar {
 
-void RestoreOriginals(TextureServices& services, const TextureFolders& folders,
+bool RestoreOriginals(TextureServices& services, const TextureFolders& folders,
                       const TickList& cloudFiles, const TickList& optionFiles)
 {
     TextList names;
@@ -41,8 +41,8 @@ void RestoreOriginals(TextureServices& services, const TextureFolders& folders,
         type = MessageStyle::OKCancel | MessageStyle::Exclamation;
     }
     if (services.messages.ShowMessage(body, type, "To Original Files") == MessageResult::Cancel)
-        return;
-    CopyBackToSimulator(services, folders, names);
+        return false;
+    return CopyBackToSimulator(services, folders, names);
 }
 
 bool CopyBackToSimulator(TextureServices& services, const TextureFolders& folders,

@@ -5,7 +5,7 @@ namespace vellumar::test {
 int FakeMessageService::answer(int style)
 {
     if (answers_.empty())
-        return DefaultAnswer(style);
+        return answerEverything ? answerEverything(style) : DefaultAnswer(style);
     const int next = answers_.front();
     answers_.pop_front();
     return next;

@@ -3,6 +3,7 @@
 #include "MessageService.h"
 
 #include <deque>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,8 @@ public:
     int ShowSystemMessage(const std::string& text, int style, const std::string& title) override;
 
     void answerNext(int result) { answers_.push_back(result); }
+    // Answers every message without a scripted answer; by default the default button.
+    std::function<int(int style)> answerEverything;
 
     const std::vector<Shown>& shown() const { return shown_; }
     const Shown& last() const { return shown_.back(); }

@@ -1,0 +1,152 @@
+#include "TextureCommands.h"
+
+#include "CliCommands.h"
+#include "FileHelpers.h"
+#include "PathText.h"
+#include "TempFolder.h"
+#include "TestServices.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace vellumar {
+namespace {
+
+class SimulatorRegistry final : public Registry {
+public:
+    std::string simulator;
+    std::optional<std::string> readString(std::uint32_t, const std::string& key,
+                                          const std::string& name) override
+    {
+        if (key == "Software\\Microsoft\\Microsoft Games\\Flight Simulator\\9.0" &&
+            name == "EXE Path")
+            return simulator;
+        return std::nullopt;
+    }
+    std::string hostPath(const std::string& path) override { return path; }
+};
+
+// A whole installation: program folder with a library of two sets, and a simulator.
+class TextureCommandsTest : public ::testing::Test {
+protected:
+    test::TempFolder temp;
+    test::TestServices fakes;
+    SimulatorRegistry registry;
+    Services services{fakes.messages,      fakes.events,   fakes.files,        registry,
+                      fakes.systemFolders, fakes.launcher, fakes.folderBrowser};
+    std::ostringstream out, err;
+
+    TextureCommandsTest()
+    {
+        fakes.systemFolders.program = temp.makeFolder("Vellumar");
+        fakes.systemFolders.windows = temp.makeFolder("windows");
+        fakes.systemFolders.documents = temp.makeFolder("Documents");
+        fakes.systemFolders.appData = temp.makeFolder("AppData");
+        temp.write("AppData/Microsoft/FS9/fs9.cfg");
+        temp.write("FS9/fs9.exe", "MZ");
+        temp.write("FS9/texture/cld01.bmp", "original cloud");
+        temp.makeFolder("FS9/weather/clouds");
+        registry.simulator = temp / "FS9";
+        temp.write("Vellumar/Texture/Clouds/Summer haze/cld01.bmp", "summer cloud");
+        temp.write("Vellumar/Texture/Clouds/Summer haze/clouds.cld", "summer cld");
+        temp.write("Vellumar/Texture/Clouds/Summer haze/notes.txt");
+        temp.write("Vellumar/Texture/Sky/Blue/sky_1.bmp", "blue");
+        temp.write("Vellumar/Texture/Option/Trail/trail.bmp", "trail");
+        temp.write("Vellumar/BackUp/cld01.bmp", "original cloud");
+        temp.makeFolder("Vellumar/Splash Screen");
+        temp.makeFolder("Vellumar/Situation");
+        for (const char* channel :
+             {"Vellumar/Sound/Ch1", "Vellumar/Sound/Ch2", "Vellumar/Sound/Ch3"})
+            temp.makeFolder(channel);
+        temp.write("Vellumar/cloud.ini", "[PathCheck]\r\nCheck=off\r\n[ButtonSound]\r\nBeep=off\r\n"
+                                         "[AppName]\r\nName=Vellumar\r\n"
+                                         "[Situation]\r\nCfgFile=fs9.cfg\r\n"
+                                         "[LastInstalled]\r\nNumberOfDisp=2\r\n1=Blue,Sky Color\r\n"
+                                         "[Set1]\r\nDirName=Clouds\\Summer haze\r\n"
+                                         "[Set2]\r\nDirName=Sky\\Blue\r\n");
+    }
+
+    int run(std::vector<std::string> arguments)
+    {
+        out.str("");
+        err.str("");
+        return RunTextureCommand(
+            arguments, services,
+            [this](ConsoleMessageService::Answers answers) {
+                fakes.messages.answerEverything = [answers](int style) {
+                    return ConsoleMessageService::AnswerFor(answers, style);
+                };
+            },
+            out, err);
+    }
+};
+
+TEST_F(TextureCommandsTest, SetsAndFilesInCatalogueOrder)
+{
+    EXPECT_EQ(run({"sets"}), CliExit::Success);
+    EXPECT_EQ(out.str(), "Summer haze\tCumulus\t1\t" +
+                             JoinPath(temp / "Vellumar/Texture", "Clouds\\Summer haze") +
+                             "\nBlue\tSky Color\t3\t" +
+                             JoinPath(temp / "Vellumar/Texture", "Sky\\Blue") + "\n");
+    EXPECT_EQ(run({"files", "summer haze"}), CliExit::Success);
+    EXPECT_EQ(out.str(), "cld01.bmp\nclouds.cld\n");
+    EXPECT_EQ(run({"files", "Nothing"}), CliExit::Failed);
+    EXPECT_NE(err.str().find("there is no texture set called \"Nothing\""), std::string::npos);
+}
+
+TEST_F(TextureCommandsTest, InstallAsksAndWithoutYesCancels)
+{
+    EXPECT_EQ(run({"install", "Summer haze"}), CliExit::Failed);
+    EXPECT_EQ(fakes.messages.last().title, "Installation");
+    EXPECT_EQ(temp.read("FS9/texture/cld01.bmp"), "original cloud");
+}
+
+TEST_F(TextureCommandsTest, InstallWithYesPlacesTheFilesAndRecordsTheSet)
+{
+    EXPECT_EQ(run({"install", "Summer haze", "--option", "Trail", "--yes"}), CliExit::Success);
+    EXPECT_EQ(temp.read("FS9/texture/cld01.bmp"), "summer cloud");
+    EXPECT_EQ(temp.read("FS9/weather/clouds/clouds.cld"), "summer cld");
+    EXPECT_EQ(temp.read("FS9/texture/trail.bmp"), "trail");
+    EXPECT_EQ(run({"last"}), CliExit::Success);
+    EXPECT_NE(out.str().find("1     Sky Color    Blue\n2     Cumulus      Summer haze\n"),
+              std::string::npos);
+}
+
+TEST_F(TextureCommandsTest, OnlyTheNamedFilesAndUnknownNamesAreReportedMissing)
+{
+    EXPECT_EQ(
+        run({"install", "Summer haze", "--only", "CLOUDS.CLD", "--only", "gone.bmp", "--yes"}),
+        CliExit::Success);
+    EXPECT_EQ(temp.read("FS9/weather/clouds/clouds.cld"), "summer cld");
+    EXPECT_EQ(temp.read("FS9/texture/cld01.bmp"), "original cloud");
+    EXPECT_NE(fakes.messages.last().text.find("not found.\n gone.bmp"), std::string::npos);
+}
+
+TEST_F(TextureCommandsTest, RestorePutsTheOriginalBack)
+{
+    ASSERT_EQ(run({"install", "Summer haze", "--yes"}), CliExit::Success);
+    EXPECT_EQ(run({"restore", "Summer haze"}), CliExit::Failed); // cancelled without --yes
+    EXPECT_EQ(temp.read("FS9/texture/cld01.bmp"), "summer cloud");
+    EXPECT_EQ(run({"restore", "Summer haze", "--only", "cld01.bmp", "--yes"}), CliExit::Success);
+    EXPECT_EQ(temp.read("FS9/texture/cld01.bmp"), "original cloud");
+}
+
+TEST_F(TextureCommandsTest, UsageErrorsAndOtherCommands)
+{
+    EXPECT_EQ(run({"install"}), CliExit::UsageError);
+    EXPECT_EQ(run({"install", "Summer haze", "--option-only", "x"}), CliExit::UsageError);
+    EXPECT_EQ(run({"restore", "Summer haze", "--option", "Trail"}), CliExit::UsageError);
+    EXPECT_EQ(run({"sets", "extra"}), CliExit::UsageError);
+    EXPECT_EQ(run({"where"}), -1);
+}
+
+TEST_F(TextureCommandsTest, AFailedStartUpStopsTheCommand)
+{
+    fakes.files.deleteFile(temp / "Vellumar/cloud.ini");
+    EXPECT_EQ(run({"sets"}), CliExit::Failed);
+    EXPECT_EQ(fakes.messages.last().title, "No ini File");
+}
+
+} // namespace
+} // namespace vellumar
