@@ -158,7 +158,7 @@ void AddSet(Services& services, const std::string& dirName, const std::string& n
 {
     TextureSetEntry set;
     set.dirName = dirName;
-    set.folder = JoinPath(JoinPath(paths.DataFolder, "Texture"), dirName);
+    set.folder = JoinPath(JoinPath(paths.DataFolder, "Texture"), ToNativeSeparators(dirName));
     set.name = name;
     set.random = random;
     set.order = order;

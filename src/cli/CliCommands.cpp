@@ -11,6 +11,7 @@
 #include "Services.h"
 #include "SystemFolders.h"
 #include "TextCompare.h"
+#include "TextureCommands.h"
 #include "clsCfgRead.h"
 #include "clsCfgWrite.h"
 #include "clsRegRead.h"
@@ -176,15 +177,17 @@ std::string CliUsage()
            "                                  with a stand-in simulator, a program folder with\n"
            "                                  texture sets) and print the variables to export;\n"
            "                                  a non-empty DIR without an earlier demo needs\n"
-           "                                  --force\n"
+           "                                  --force\n" +
+           TextureCommandsUsage() +
            "\n"
            "Messages go to standard error as their title and text; a question is answered\n"
-           "with its default button.\n"
+           "with its default button (install and restore: No/Cancel, or Yes/OK with --yes).\n"
            "Environment: VELLUMAR_HOME (program folder), WINEPREFIX (Wine prefix, Linux).\n"
            "Exit status: 0 success, 1 nothing found or failed, 2 usage error.\n";
 }
 
-int RunCliCommand(const Arguments& args, Services& services, std::ostream& out, std::ostream& err)
+int RunCliCommand(const Arguments& args, Services& services, std::ostream& out, std::ostream& err,
+                  const SetAnswers& setAnswers)
 {
     auto is = [&args](std::size_t count, std::initializer_list<const char*> words) {
         if (args.size() != count)
@@ -210,6 +213,11 @@ int RunCliCommand(const Arguments& args, Services& services, std::ostream& out, 
         return Where(services, out);
     if (!args.empty() && args[0] == "demo")
         return Demo(args, services, out, err);
+    if (const int status = RunTextureCommand(args, services, setAnswers, out, err); status != -1) {
+        if (status == CliExit::UsageError)
+            err << CliUsage();
+        return status;
+    }
 
     err << CliUsage();
     return CliExit::UsageError;

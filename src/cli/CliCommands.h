@@ -1,5 +1,7 @@
 #pragma once
 
+#include "TextureCommands.h"
+
 #include <iosfwd>
 #include <string>
 #include <vector>
@@ -17,8 +19,10 @@ inline constexpr int UsageError = 2; // the command line was wrong; the usage te
 
 // Runs one vellumar-cli command line (without the program name) over the core, printing
 // results on `out` and usage texts and failures on `err`.
-int RunCliCommand(const std::vector<std::string>& arguments, Services& services, std::ostream& out,
-                  std::ostream& err);
+// `setAnswers` sets how the console answers questions (install and restore use it).
+int RunCliCommand(
+    const std::vector<std::string>& arguments, Services& services, std::ostream& out,
+    std::ostream& err, const SetAnswers& setAnswers = [](ConsoleMessageService::Answers) {});
 
 // The usage text printed by --help and after a usage error.
 std::string CliUsage();

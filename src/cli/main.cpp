@@ -44,6 +44,7 @@ int main(int argc, char** argv)
     NoWindowsFolderBrowser folderBrowser;
     Services services{messages,       events,    *files,       *registry,
                       *systemFolders, *launcher, folderBrowser};
-    return RunCliCommand(std::vector<std::string>(argv + 1, argv + argc), services, std::cout,
-                         std::cerr);
+    return RunCliCommand(
+        std::vector<std::string>(argv + 1, argv + argc), services, std::cout, std::cerr,
+        [&messages](ConsoleMessageService::Answers answers) { messages.setAnswers(answers); });
 }

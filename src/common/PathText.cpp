@@ -16,6 +16,15 @@ static std::size_t LastSeparator(std::string_view path)
     return path.find_last_of("\\/");
 }
 
+std::string ToNativeSeparators(std::string_view path)
+{
+    std::string native(path);
+    for (char& c : native)
+        if (IsPathSeparator(c))
+            c = kNativeSeparator;
+    return native;
+}
+
 std::string JoinPath(std::string_view folder, std::string_view name)
 {
     std::string joined;

@@ -17,6 +17,9 @@ inline constexpr char kNativeSeparator = '/';
 
 bool IsPathSeparator(char c);
 
+// The path with every separator ("\" or "/") made the native one.
+std::string ToNativeSeparators(std::string_view path);
+
 // folder + separator + name.
 std::string JoinPath(std::string_view folder, std::string_view name);
 

@@ -86,9 +86,8 @@ TEST_F(TextureCommandsTest, SetsAndFilesInCatalogueOrder)
 {
     EXPECT_EQ(run({"sets"}), CliExit::Success);
     EXPECT_EQ(out.str(), "Summer haze\tCumulus\t1\t" +
-                             JoinPath(temp / "Vellumar/Texture", "Clouds\\Summer haze") +
-                             "\nBlue\tSky Color\t3\t" +
-                             JoinPath(temp / "Vellumar/Texture", "Sky\\Blue") + "\n");
+                             temp / "Vellumar/Texture/Clouds/Summer haze" +
+                             "\nBlue\tSky Color\t3\t" + temp / "Vellumar/Texture/Sky/Blue" + "\n");
     EXPECT_EQ(run({"files", "summer haze"}), CliExit::Success);
     EXPECT_EQ(out.str(), "cld01.bmp\nclouds.cld\n");
     EXPECT_EQ(run({"files", "Nothing"}), CliExit::Failed);

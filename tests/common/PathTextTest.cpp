@@ -73,9 +73,14 @@ TEST(PathText, CutAtNul)
     EXPECT_EQ(CutAtNul(std::string_view("\0abc", 4)), "");
 }
 
-TEST(PathText, JoinPathUsesTheNativeSeparator)
+TEST(PathText, PathsWeBuildUseTheNativeSeparator)
 {
-    EXPECT_EQ(JoinPath("a", "b"), std::string("a") + kNativeSeparator + "b");
+    const std::string sep(1, kNativeSeparator);
+    EXPECT_EQ(JoinPath("a", "b"), "a" + sep + "b");
+    EXPECT_EQ(ToNativeSeparators("Clouds\\Summer haze/x"),
+              "Clouds" + sep + "Summer haze" + sep + "x");
+    EXPECT_EQ(LastPathComponent("C:\\x\\Texture\\"), "Texture");
+    EXPECT_EQ(LastPathComponent("plain"), "plain");
 }
 
 } // namespace
