@@ -5,7 +5,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/install-deps.sh build
 cmake -S . -B build-bench -G Ninja -DCMAKE_BUILD_TYPE=Release -DVELLUMAR_BUILD_BENCH=ON \
-    -DVELLUMAR_BUILD_TESTS=OFF -DVELLUMAR_BUILD_GUI=OFF
-cmake --build build-bench --target vellumar_bench vellumar-cli
+    -DVELLUMAR_BUILD_TESTS=OFF
+cmake --build build-bench --target vellumar_bench
 exec build-bench/bench/vellumar_bench --benchmark_repetitions=5 \
     --benchmark_report_aggregates_only=true "$@"

@@ -8,6 +8,11 @@ if(MSVC)
     target_compile_options(vellumar_common_cfg INTERFACE /W4 /permissive- /utf-8)
 else()
     target_compile_options(vellumar_common_cfg INTERFACE -Wall -Wextra)
+    # GCC 12 at -O3 warns about its own std::string concatenation (GCC bug 105329); the
+    # warning points into libstdc++, never at our code.
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+        target_compile_options(vellumar_common_cfg INTERFACE -Wno-restrict)
+    endif()
 endif()
 
 if(WIN32)

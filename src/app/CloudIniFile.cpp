@@ -14,6 +14,18 @@ CloudIniFile::CloudIniFile(FileOperations& files, MessageService& messages, std:
 
 std::string CloudIniFile::ReadRaw(const std::string& section, const std::string& key) const
 {
+    if (const std::optional<FileTime> stamp = files_.modificationTime(path_)) {
+        if (!cached_ || cachedStamp_ != *stamp) {
+            cached_.reset();
+            if (std::optional<std::string> contents = files_.readFile(path_)) {
+                cached_.emplace(std::move(*contents));
+                cachedStamp_ = *stamp;
+            }
+        }
+        if (cached_)
+            return clsCfgRead::DataOf(*cached_, section, key);
+    }
+    // Missing or unreadable: the reader reports it as the program fault it is.
     clsCfgRead reader(files_, messages_);
     reader.FileName = path_;
     reader.Section = section;
@@ -35,6 +47,7 @@ void CloudIniFile::Write(const std::string& section, const std::string& key,
     writer.Key = key;
     writer.Value = value;
     writer.cWrite();
+    cached_.reset();
     RecordTimeStamp();
 }
 

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "FileOperations.h"
+#include "ProfileText.h"
 
+#include <optional>
 #include <string>
 
 namespace vellumar {
@@ -38,6 +40,10 @@ private:
     std::string path_;
     FileTime stamp_ = 0;
     std::size_t length_ = 0;
+    // The file as last read, kept while its time stamp stays: a load asks for thousands of
+    // values. The program's own writes drop it.
+    mutable std::optional<ProfileText::ProfileDocument> cached_;
+    mutable FileTime cachedStamp_ = 0;
 };
 
 } // namespace vellumar

@@ -2,6 +2,8 @@
 
 #include "TextCompare.h"
 
+#include <memory>
+#include <unordered_map>
 #include <vector>
 
 namespace vellumar::ProfileText {
@@ -151,9 +153,9 @@ std::vector<Section> BuildSections(const std::vector<Line>& lines)
     return sections;
 }
 
+// The name as given: a key list looks its section up untrimmed, only a value's lookup trims.
 const Section* FindSection(const std::vector<Section>& sections, std::string_view name)
 {
-    name = TrimProfileSpace(name);
     for (const Section& section : sections)
         if (EqualsIgnoreCase(section.name, name))
             return &section;
@@ -216,8 +218,9 @@ std::string ListKeys(const Section* section, std::string_view defaultValue, std:
         }
         truncated = room <= 1;
     }
+    // Unlike a missing value's, this default keeps its trailing spaces.
     if (list.empty() || list.front() == '\0')
-        return DefaultText(defaultValue, size);
+        return CopyEntry(defaultValue, size, true);
     if (truncated)
         list.resize(size - 2);
     return list;
@@ -263,23 +266,60 @@ std::string_view LineBreakOf(std::string_view contents)
 
 } // namespace
 
-std::string Read(std::string_view contents, std::optional<std::string_view> section,
-                 std::optional<std::string_view> key, std::string_view defaultValue,
-                 std::size_t bufferSize)
+struct ProfileDocument::Parsed {
+    std::string contents;
+    std::vector<Line> lines;
+    std::vector<Section> sections;
+    // The first section of each lower-cased name: most files hold dozens of sections and are
+    // asked for hundreds of values.
+    std::unordered_map<std::string, std::size_t> firstSection;
+
+    const Section* find(std::string_view name) const
+    {
+        const auto found = firstSection.find(ToLowerAscii(name));
+        return found == firstSection.end() ? nullptr : &sections[found->second];
+    }
+};
+
+ProfileDocument::ProfileDocument(std::string contents)
+    : parsed_(std::make_shared<Parsed>())
+{
+    auto parsed = std::const_pointer_cast<Parsed>(parsed_);
+    parsed->contents = std::move(contents);
+    parsed->lines = SplitLines(parsed->contents);
+    parsed->sections = BuildSections(parsed->lines);
+    for (std::size_t i = 0; i < parsed->sections.size(); ++i)
+        parsed->firstSection.emplace(ToLowerAscii(parsed->sections[i].name), i);
+}
+
+const std::string& ProfileDocument::contents() const
+{
+    return parsed_->contents;
+}
+
+std::string ProfileDocument::Read(std::optional<std::string_view> section,
+                                  std::optional<std::string_view> key,
+                                  std::string_view defaultValue, std::size_t bufferSize) const
 {
     if (bufferSize == 0)
         return {};
-    const std::vector<Line> lines = SplitLines(contents);
-    const std::vector<Section> sections = BuildSections(lines);
     if (!section)
-        return ListSections(sections, bufferSize);
-    const Section* found = FindSection(sections, *section);
+        return ListSections(parsed_->sections, bufferSize);
+    // A key list looks its section up by the name as given; only a value's lookup trims it.
     if (!key)
-        return ListKeys(found, defaultValue, bufferSize);
+        return ListKeys(parsed_->find(*section), defaultValue, bufferSize);
+    const Section* found = parsed_->find(TrimProfileSpace(*section));
     const Key* entry = found ? FindKey(*found, *key) : nullptr;
     if (entry && entry->hasValue)
         return CopyEntry(entry->value, bufferSize, true);
     return DefaultText(defaultValue, bufferSize);
+}
+
+std::string Read(std::string_view contents, std::optional<std::string_view> section,
+                 std::optional<std::string_view> key, std::string_view defaultValue,
+                 std::size_t bufferSize)
+{
+    return ProfileDocument(std::string(contents)).Read(section, key, defaultValue, bufferSize);
 }
 
 std::optional<std::string> Edit(std::string_view contents, std::string_view section,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -18,8 +19,9 @@ namespace vellumar {
 //   whose name is "".
 // - "key=value" splits at the first "="; key and value are trimmed. A value enclosed in a
 //   matching pair of '"' or "'" loses the pair. A line without "=" has no value.
-// - Section and key names match without regard to ASCII letter case, after trimming; the
-//   first section of a name is the only one searched, and in it the first key of a name wins.
+// - Section and key names match without regard to ASCII letter case, after trimming (a key
+//   list's section name alone is taken untrimmed); the first section of a name is the only one
+//   searched, and in it the first key of a name wins.
 // - A NUL byte ends a name or a value.
 // - Key lists leave out keys without a value and keys beginning with ";"; the section list
 //   leaves out the unnamed first section.
@@ -33,6 +35,20 @@ namespace ProfileText {
 std::string Read(std::string_view contents, std::optional<std::string_view> section,
                  std::optional<std::string_view> key, std::string_view defaultValue,
                  std::size_t bufferSize);
+
+// A profile file parsed once and read many times: the same answers as Read().
+class ProfileDocument {
+public:
+    explicit ProfileDocument(std::string contents);
+
+    std::string Read(std::optional<std::string_view> section, std::optional<std::string_view> key,
+                     std::string_view defaultValue, std::size_t bufferSize) const;
+    const std::string& contents() const;
+
+private:
+    struct Parsed;
+    std::shared_ptr<const Parsed> parsed_;
+};
 
 // The file after setting `key` of `section` to `value` (or deleting the key when `value` is
 // absent). Only the key's own line changes: a changed value keeps the line's indentation and

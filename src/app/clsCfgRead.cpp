@@ -22,16 +22,20 @@ std::string clsCfgRead::Data()
                               MessageStyle::OKOnly | MessageStyle::Critical, "Class cfgRead");
         return {};
     }
-    const std::string contents = files_.readFile(FileName).value_or(std::string());
+    return DataOf(ProfileText::ProfileDocument(files_.readFile(FileName).value_or(std::string())),
+                  Section, Key);
+}
+
+std::string clsCfgRead::DataOf(const ProfileText::ProfileDocument& document,
+                               const std::string& section, const std::string& key)
+{
     const std::string missing(kError);
+    if (!section.empty() && !key.empty())
+        return document.Read(section, key, missing, kBufferSize);
 
-    if (!Section.empty() && !Key.empty())
-        return ProfileText::Read(contents, Section, Key, missing, kBufferSize);
-
-    std::string list =
-        Section.empty()
-            ? ProfileText::Read(contents, std::nullopt, std::nullopt, missing, kBufferSize)
-            : ProfileText::Read(contents, Section, std::nullopt, missing, kBufferSize);
+    std::string list = section.empty()
+                           ? document.Read(std::nullopt, std::nullopt, missing, kBufferSize)
+                           : document.Read(section, std::nullopt, missing, kBufferSize);
     // A list ends with the terminator of its last name; a default that stands in for an empty
     // list has none to remove.
     if (!list.empty() && list.back() == '\0')

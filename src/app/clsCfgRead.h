@@ -6,6 +6,9 @@ namespace vellumar {
 
 class FileOperations;
 class MessageService;
+namespace ProfileText {
+class ProfileDocument;
+}
 
 // Reads one value, the key list of a section, or the section list of a profile file. Used as a
 // short-lived object: set the properties, call Data().
@@ -23,6 +26,10 @@ public:
 
     // The size of the buffer the value is read into; longer values are cut to one less.
     static constexpr std::size_t kBufferSize = 2048;
+
+    // What Data() answers for a file that exists, from its parsed contents.
+    static std::string DataOf(const ProfileText::ProfileDocument& document,
+                              const std::string& section, const std::string& key);
 
 private:
     FileOperations& files_;

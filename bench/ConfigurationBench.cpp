@@ -1,0 +1,102 @@
+// Loading cloud.ini with the whole texture catalogue of a large library, against find(1) over
+// the same library: the catalogue lists every set folder once.
+
+#include "BenchSupport.h"
+#include "CloudIni.h"
+#include "CloudIniFile.h"
+#include "DataFolderChecks.h"
+#include "EventPump.h"
+#include "FileOperations.h"
+#include "FolderBrowser.h"
+#include "GeneratedLibrary.h"
+#include "MessageService.h"
+#include "ProcessLauncher.h"
+#include "ProgramPaths.h"
+#include "Registry.h"
+#include "Services.h"
+#include "SystemFolders.h"
+
+#include <benchmark/benchmark.h>
+
+#include <filesystem>
+#include <fstream>
+
+namespace vellumar::bench {
+namespace {
+
+class SilentMessages final : public MessageService {
+public:
+    int ShowMessage(const std::string&, int style, const std::string&) override
+    {
+        ++shown;
+        return DefaultAnswer(style);
+    }
+    int ShowSystemMessage(const std::string& text, int style, const std::string& title) override
+    {
+        return ShowMessage(text, style, title);
+    }
+    int shown = 0;
+};
+
+class IdlePump final : public EventPump {
+public:
+    void DoEvents() override {}
+};
+
+class NoBrowser final : public FolderBrowser {
+public:
+    std::string BrowseForFolder(const std::string&, int, const std::string&) override
+    {
+        return {};
+    }
+};
+
+const std::string& Library()
+{
+    static const std::string home = GenerateLibrary(ScratchFolder() + "/library", 1000, 30);
+    return home;
+}
+
+void BM_LoadCloudIni1000Sets(benchmark::State& state)
+{
+    const std::string& home = Library();
+    SilentMessages messages;
+    IdlePump events;
+    const auto files = CreatePlatformFileOperations();
+    const auto registry = CreatePlatformRegistry();
+    const auto folders = CreatePlatformSystemFolders();
+    const auto launcher = CreatePlatformProcessLauncher();
+    NoBrowser browser;
+    Services services{messages, events, *files, *registry, *folders, *launcher, browser};
+    std::filesystem::create_directories(home + "/AppData/Microsoft/FS9");
+    std::ofstream(home + "/AppData/Microsoft/FS9/fs9.cfg");
+    for (auto _ : state) {
+        ProgramPaths paths;
+        paths.ProgramPath = home;
+        paths.AppDataPath = home + "/AppData";
+        paths.FsPath = home + "/FS9";
+        DataFolderSettings checks;
+        CloudIniSettings settings;
+        CloudIniFile ini(*files, messages, home + "/cloud.ini");
+        LoadCloudIni(services, ini, paths, {}, checks, settings);
+        if (settings.Sets.size() != 1000 || messages.shown != 0)
+            state.SkipWithError("the library did not load cleanly");
+    }
+}
+BENCHMARK(BM_LoadCloudIni1000Sets)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void BM_FindOverLibrary(benchmark::State& state)
+{
+    const std::string& home = Library();
+    for (auto _ : state)
+        RunProcess({"find", home + "/Texture"});
+}
+BENCHMARK(BM_FindOverLibrary)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+const bool registered = [] {
+    CompareWith("BM_LoadCloudIni1000Sets", "BM_FindOverLibrary", 2.0);
+    return true;
+}();
+
+} // namespace
+} // namespace vellumar::bench
