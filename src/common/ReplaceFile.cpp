@@ -19,13 +19,12 @@ std::string TemporarySiblingName(const std::string& target)
     return folder + target[folder.size()] + name;
 }
 
-bool ReplaceFileWithCopy(FileOperations& files, const std::string& source,
-                         const std::string& target)
+ReplaceResult ReplaceFileWith(FileOperations& files, const std::string& source,
+                              const std::string& target)
 {
-    if (const auto attributes = files.attributes(target)) {
-        if (*attributes & (FileAttribute::ReadOnly | FileAttribute::Directory))
-            return false;
-    }
+    if (const auto attributes = files.attributes(target);
+        attributes && (*attributes & (FileAttribute::ReadOnly | FileAttribute::Directory)))
+        return ReplaceResult::TargetLocked;
     const std::string temporary = TemporarySiblingName(target);
     // The copy carries the source's attributes, read-only included, so clear them first.
     auto removeTemporary = [&] {
@@ -35,11 +34,15 @@ bool ReplaceFileWithCopy(FileOperations& files, const std::string& source,
         }
     };
     removeTemporary();
-    if (!files.copyFile(source, temporary) || !files.renameOver(temporary, target)) {
+    if (!files.copyFile(source, temporary)) {
         removeTemporary();
-        return false;
+        return ReplaceResult::CopyFailed;
     }
-    return true;
+    if (!files.renameOver(temporary, target)) {
+        removeTemporary();
+        return ReplaceResult::TargetLocked;
+    }
+    return ReplaceResult::Replaced;
 }
 
 } // namespace vellumar

@@ -41,31 +41,16 @@ bool ReportInstallError(MessageService& messages, const std::string& detail)
 // One file into the simulator, never leaving the target missing or half written.
 bool PlaceFile(TextureServices& services, const std::string& source, const std::string& target)
 {
-    FileOperations& files = services.files;
-    const std::string killDetail = "Could not kill the using files.\n" + target;
-    const std::string copyDetail =
-        "Could not copy the files.\nFrom: " + source + "\nTo  : " + target;
-    if (const auto attributes = files.attributes(target);
-        attributes && (*attributes & (FileAttribute::ReadOnly | FileAttribute::Directory)))
-        return ReportInstallError(services.messages, killDetail);
-
-    const std::string temporary = TemporarySiblingName(target);
-    auto removeTemporary = [&] {
-        if (files.attributes(temporary)) {
-            files.setAttributes(temporary, FileAttribute::Archive);
-            files.deleteFile(temporary);
-        }
-    };
-    removeTemporary();
-    if (!files.copyFile(source, temporary)) {
-        removeTemporary();
-        return ReportInstallError(services.messages, copyDetail);
+    switch (ReplaceFileWith(services.files, source, target)) {
+    case ReplaceResult::Replaced:
+        return true;
+    case ReplaceResult::TargetLocked:
+        return ReportInstallError(services.messages, "Could not kill the using files.\n" + target);
+    case ReplaceResult::CopyFailed:
+        break;
     }
-    if (!files.renameOver(temporary, target)) {
-        removeTemporary();
-        return ReportInstallError(services.messages, killDetail);
-    }
-    return true;
+    return ReportInstallError(services.messages,
+                              "Could not copy the files.\nFrom: " + source + "\nTo  : " + target);
 }
 
 struct Collected {

@@ -11,33 +11,16 @@
 namespace vellumar {
 namespace {
 
-const char* const kFsKey = "Software\\Microsoft\\Microsoft Games\\Flight Simulator\\9.0";
-
-// The fake registry marks mapped paths with "host:"; these tests hand it real folders instead.
-class HostRegistry final : public Registry {
-public:
-    std::optional<std::string> value;
-    std::optional<std::string> readString(std::uint32_t hive, const std::string& key,
-                                          const std::string& name) override
-    {
-        if (hive == RegistryHive::LocalMachine && key == kFsKey && name == "EXE Path")
-            return value;
-        return std::nullopt;
-    }
-    std::string hostPath(const std::string& path) override { return path; }
-};
-
 class FsDiscoveryTest : public ::testing::Test {
 protected:
     test::TempFolder temp;
     test::TestServices fakes;
-    HostRegistry registry;
-    Services services{fakes.messages,      fakes.events,   fakes.files,        registry,
-                      fakes.systemFolders, fakes.launcher, fakes.folderBrowser};
+    Services& services = fakes.services;
     ProgramPaths paths;
 
     FsDiscoveryTest()
     {
+        fakes.registry.hostPathsAsGiven = true;
         paths.ProgramPath = temp.path();
         paths.AppDataPath = "/appdata";
         paths.MyDocumentsPath = "/documents";
@@ -64,7 +47,7 @@ protected:
 
 TEST_F(FsDiscoveryTest, TheRegistryWinsAndTheKeptPathIsLeftAlone)
 {
-    registry.value = simulator("FS9") + kNativeSeparator;
+    fakes.registry.setSimulatorFolder(simulator("FS9") + kNativeSeparator);
     temp.write("cloud.ini", "[FS2004Path]\r\nPath=" + simulator("Other") + "\r\n");
     ASSERT_EQ(find(), DiscoveryOutcome::Found);
     EXPECT_EQ(paths.FsRegPath, temp / "FS9");
@@ -100,7 +83,7 @@ TEST_F(FsDiscoveryTest, AKeptPathWithoutTheSimulatorAsksUntilAFolderHoldsIt)
 
 TEST_F(FsDiscoveryTest, ARegistryEntryOfAnUninstalledSimulatorCountsAsNone)
 {
-    registry.value = temp / "Removed";
+    fakes.registry.setSimulatorFolder(temp / "Removed");
     temp.write("cloud.ini", "[FS2004Path]\r\nPath=" + simulator("FS9") + "\r\n");
     ASSERT_EQ(find(), DiscoveryOutcome::Found);
     EXPECT_EQ(paths.FsRegPath, temp / "FS9");

@@ -3,59 +3,23 @@
 #include "FileHelpers.h"
 #include "PathText.h"
 #include "TempFolder.h"
-#include "TestServices.h"
+#include "TestInstallation.h"
 
 #include <gtest/gtest.h>
 
 namespace vellumar {
 namespace {
 
-// Registry and folders of a machine whose simulator lies in the test's folder.
-class MachineRegistry final : public Registry {
-public:
-    std::string simulator;
-    std::optional<std::string> readString(std::uint32_t, const std::string& key,
-                                          const std::string& name) override
-    {
-        if (key == "Software\\Microsoft\\Microsoft Games\\Flight Simulator\\9.0" &&
-            name == "EXE Path")
-            return simulator;
-        return std::nullopt;
-    }
-    std::string hostPath(const std::string& path) override { return path; }
-};
-
 class StartUpSequenceTest : public ::testing::Test {
 protected:
     test::TempFolder temp;
     test::TestServices fakes;
-    MachineRegistry registry;
-    Services services{fakes.messages,      fakes.events,   fakes.files,        registry,
-                      fakes.systemFolders, fakes.launcher, fakes.folderBrowser};
+    test::TestInstallation installation{temp, fakes};
+    Services& services = fakes.services;
     ProgramState state;
     ScreenFacts screen;
 
-    StartUpSequenceTest()
-    {
-        fakes.systemFolders.program = temp.makeFolder("Vellumar");
-        fakes.systemFolders.windows = temp.makeFolder("windows");
-        fakes.systemFolders.documents = temp.makeFolder("Documents");
-        fakes.systemFolders.appData = temp.makeFolder("AppData");
-        temp.write("AppData/Microsoft/FS9/fs9.cfg");
-        temp.write("FS9/fs9.exe", "MZ");
-        temp.write("FS9/suneffect.cfg", "original");
-        registry.simulator = temp / "FS9";
-        temp.write("Vellumar/Texture/Clouds/Summer haze/cld01.bmp");
-        temp.makeFolder("Vellumar/Splash Screen");
-        temp.makeFolder("Vellumar/Situation");
-        for (const char* channel :
-             {"Vellumar/Sound/Ch1", "Vellumar/Sound/Ch2", "Vellumar/Sound/Ch3"})
-            temp.makeFolder(channel);
-        temp.write("Vellumar/cloud.ini",
-                   "[PathCheck]\r\nCheck=off\r\n[AppName]\r\nName=Vellumar\r\n"
-                   "[Situation]\r\nCfgFile=fs9.cfg\r\n"
-                   "[Set1]\r\nDirName=Clouds\\Summer haze\r\n");
-    }
+    StartUpSequenceTest() { temp.write("FS9/suneffect.cfg", "original"); }
 };
 
 TEST_F(StartUpSequenceTest, FromTheSystemFoldersToALoadedLibrary)
@@ -119,10 +83,7 @@ TEST_F(StartUpSequenceTest, TheSunEffectFileIsSavedOnceAndNeverOverwritten)
 
 TEST_F(StartUpSequenceTest, OwnWritesRefreshTheTimeStampButForeignEditsAreNoticed)
 {
-    temp.write("Vellumar/cloud.ini", "[PathCheck]\r\nCheck=on\r\n[AppName]\r\nName=Vellumar\r\n"
-                                     "[ButtonSound]\r\nBeep=off\r\n"
-                                     "[Situation]\r\nCfgFile=fs9.cfg\r\n"
-                                     "[Set1]\r\nDirName=Clouds\\Summer haze\r\n");
+    installation.writeCloudIni("[PathCheck]\r\nCheck=on\r\n");
     ASSERT_EQ(RunStartUpSequence(services, screen, state), StartUpOutcome::Continue);
     EXPECT_FALSE(state.ini->ChangedByOthers()); // the path check wrote "off" itself
     temp.write("Vellumar/cloud.ini", "[AppName]\r\nName=Edited elsewhere, longer\r\n");

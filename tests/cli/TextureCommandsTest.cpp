@@ -4,7 +4,7 @@
 #include "FileHelpers.h"
 #include "PathText.h"
 #include "TempFolder.h"
-#include "TestServices.h"
+#include "TestInstallation.h"
 
 #include <gtest/gtest.h>
 
@@ -13,58 +13,25 @@
 namespace vellumar {
 namespace {
 
-class SimulatorRegistry final : public Registry {
-public:
-    std::string simulator;
-    std::optional<std::string> readString(std::uint32_t, const std::string& key,
-                                          const std::string& name) override
-    {
-        if (key == "Software\\Microsoft\\Microsoft Games\\Flight Simulator\\9.0" &&
-            name == "EXE Path")
-            return simulator;
-        return std::nullopt;
-    }
-    std::string hostPath(const std::string& path) override { return path; }
-};
-
-// A whole installation: program folder with a library of two sets, and a simulator.
+// A whole installation with a library of two sets, an option set and a backup.
 class TextureCommandsTest : public ::testing::Test {
 protected:
     test::TempFolder temp;
     test::TestServices fakes;
-    SimulatorRegistry registry;
-    Services services{fakes.messages,      fakes.events,   fakes.files,        registry,
-                      fakes.systemFolders, fakes.launcher, fakes.folderBrowser};
+    test::TestInstallation installation{temp, fakes};
+    Services& services = fakes.services;
     std::ostringstream out, err;
 
     TextureCommandsTest()
     {
-        fakes.systemFolders.program = temp.makeFolder("Vellumar");
-        fakes.systemFolders.windows = temp.makeFolder("windows");
-        fakes.systemFolders.documents = temp.makeFolder("Documents");
-        fakes.systemFolders.appData = temp.makeFolder("AppData");
-        temp.write("AppData/Microsoft/FS9/fs9.cfg");
-        temp.write("FS9/fs9.exe", "MZ");
         temp.write("FS9/texture/cld01.bmp", "original cloud");
-        temp.makeFolder("FS9/weather/clouds");
-        registry.simulator = temp / "FS9";
-        temp.write("Vellumar/Texture/Clouds/Summer haze/cld01.bmp", "summer cloud");
         temp.write("Vellumar/Texture/Clouds/Summer haze/clouds.cld", "summer cld");
         temp.write("Vellumar/Texture/Clouds/Summer haze/notes.txt");
         temp.write("Vellumar/Texture/Sky/Blue/sky_1.bmp", "blue");
         temp.write("Vellumar/Texture/Option/Trail/trail.bmp", "trail");
         temp.write("Vellumar/BackUp/cld01.bmp", "original cloud");
-        temp.makeFolder("Vellumar/Splash Screen");
-        temp.makeFolder("Vellumar/Situation");
-        for (const char* channel :
-             {"Vellumar/Sound/Ch1", "Vellumar/Sound/Ch2", "Vellumar/Sound/Ch3"})
-            temp.makeFolder(channel);
-        temp.write("Vellumar/cloud.ini", "[PathCheck]\r\nCheck=off\r\n[ButtonSound]\r\nBeep=off\r\n"
-                                         "[AppName]\r\nName=Vellumar\r\n"
-                                         "[Situation]\r\nCfgFile=fs9.cfg\r\n"
-                                         "[LastInstalled]\r\nNumberOfDisp=2\r\n1=Blue,Sky Color\r\n"
-                                         "[Set1]\r\nDirName=Clouds\\Summer haze\r\n"
-                                         "[Set2]\r\nDirName=Sky\\Blue\r\n");
+        installation.writeCloudIni("[LastInstalled]\r\nNumberOfDisp=2\r\n1=Blue,Sky Color\r\n"
+                                   "[Set2]\r\nDirName=Sky\\Blue\r\n");
     }
 
     int run(std::vector<std::string> arguments)

@@ -10,6 +10,12 @@ void FakeRegistry::set(std::uint32_t hive, const std::string& keyPath, const std
     values_[{hive, ToLowerAscii(keyPath), ToLowerAscii(valueName)}] = text;
 }
 
+void FakeRegistry::setSimulatorFolder(const std::string& folder)
+{
+    set(RegistryHive::LocalMachine, "Software\\Microsoft\\Microsoft Games\\Flight Simulator\\9.0",
+        "EXE Path", folder);
+}
+
 std::optional<std::string> FakeRegistry::readString(std::uint32_t hive, const std::string& keyPath,
                                                     const std::string& valueName)
 {

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "TempFolder.h"
+#include "TestServices.h"
+
+#include <string>
+
+namespace vellumar::test {
+
+// A whole machine in a temporary folder: the system folders, the simulator ("FS9", found
+// through the registry) with its per-user configuration, and a program folder ("Vellumar")
+// with its data folders, a one-set library (Clouds\Summer haze) and a cloud.ini that loads
+// without a message. Tests add what they need on top.
+struct TestInstallation {
+    TestInstallation(const TempFolder& temp, TestServices& fakes);
+
+    // Writes cloud.ini: the quiet basics followed by `sections`.
+    void writeCloudIni(const std::string& sections) const;
+
+    const TempFolder& temp;
+};
+
+} // namespace vellumar::test
