@@ -1,5 +1,7 @@
 #include "DemoSounds.h"
 
+#include "LittleEndian.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
@@ -12,18 +14,6 @@ namespace {
 constexpr int kRate = 22050;
 constexpr int kLowRate = 11025; // long, dull sounds need no more
 constexpr double kTwoPi = 2 * std::numbers::pi;
-
-void PutU16(std::string& out, std::uint32_t value)
-{
-    out.push_back(static_cast<char>(value & 0xFF));
-    out.push_back(static_cast<char>((value >> 8) & 0xFF));
-}
-
-void PutU32(std::string& out, std::uint32_t value)
-{
-    PutU16(out, value & 0xFFFF);
-    PutU16(out, value >> 16);
-}
 
 // Deterministic white noise in [-1, 1].
 class Noise {

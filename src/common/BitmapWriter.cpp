@@ -1,5 +1,7 @@
 #include "BitmapWriter.h"
 
+#include "LittleEndian.h"
+
 #include <cstdint>
 
 namespace vellumar {
@@ -9,18 +11,6 @@ namespace {
 constexpr std::uint32_t kFileHeaderSize = 14;
 constexpr std::uint32_t kInfoHeaderSize = 40;
 constexpr std::int32_t kPixelsPerMetre = 2835; // 72 dots per inch
-
-void PutU16(std::string& out, std::uint32_t value)
-{
-    out.push_back(static_cast<char>(value & 0xFF));
-    out.push_back(static_cast<char>((value >> 8) & 0xFF));
-}
-
-void PutU32(std::string& out, std::uint32_t value)
-{
-    PutU16(out, value & 0xFFFF);
-    PutU16(out, value >> 16);
-}
 
 std::uint32_t RowStride(int width, int bitsPerPixel)
 {

@@ -1,5 +1,7 @@
 #include "GifWriter.h"
 
+#include "LittleEndian.h"
+
 #include <cstdint>
 #include <unordered_map>
 
@@ -11,12 +13,6 @@ constexpr int kMaxCodeBits = 12;
 // The table is cleared one code early, as the common encoders do, so that a decoder never
 // has to deal with a full table before the clear code arrives.
 constexpr std::uint32_t kLastTableCode = (1u << kMaxCodeBits) - 1;
-
-void PutU16(std::string& out, unsigned value)
-{
-    out.push_back(static_cast<char>(value & 0xFF));
-    out.push_back(static_cast<char>((value >> 8) & 0xFF));
-}
 
 // Collects variable-width codes, least significant bit first, into data sub-blocks of at most
 // 255 bytes.

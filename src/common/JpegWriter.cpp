@@ -1,5 +1,6 @@
 #include "JpegWriter.h"
 
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -135,7 +136,7 @@ private:
     int filled_ = 0;
 };
 
-void PutU16(std::string& out, unsigned value)
+void PutBigEndian16(std::string& out, unsigned value)
 {
     out.push_back(static_cast<char>((value >> 8) & 0xFF));
     out.push_back(static_cast<char>(value & 0xFF));
@@ -267,19 +268,19 @@ std::string EncodeJpeg(const RgbImage& image, int quality)
     PutMarker(out, 0xD8); // start of image
 
     PutMarker(out, 0xE0); // JFIF 1.01, no units, square pixels, no thumbnail
-    PutU16(out, 16);
+    PutBigEndian16(out, 16);
     out.append("JFIF", 4);
     out.push_back('\0');
     out.push_back('\1');
     out.push_back('\1');
     out.push_back('\0');
-    PutU16(out, 1);
-    PutU16(out, 1);
+    PutBigEndian16(out, 1);
+    PutBigEndian16(out, 1);
     out.push_back('\0');
     out.push_back('\0');
 
     PutMarker(out, 0xDB); // quantisation tables 0 and 1, 8-bit, in zig-zag order
-    PutU16(out, 2 + 2 * 65);
+    PutBigEndian16(out, 2 + 2 * 65);
     for (int id = 0; id < 2; ++id) {
         const auto& table = id == 0 ? lumaQuant : chromaQuant;
         out.push_back(static_cast<char>(id));
@@ -288,10 +289,10 @@ std::string EncodeJpeg(const RgbImage& image, int quality)
     }
 
     PutMarker(out, 0xC0); // baseline frame, three components without subsampling
-    PutU16(out, 8 + 3 * 3);
+    PutBigEndian16(out, 8 + 3 * 3);
     out.push_back('\x08');
-    PutU16(out, static_cast<unsigned>(image.height));
-    PutU16(out, static_cast<unsigned>(image.width));
+    PutBigEndian16(out, static_cast<unsigned>(image.height));
+    PutBigEndian16(out, static_cast<unsigned>(image.width));
     out.push_back('\x03');
     for (int component = 1; component <= 3; ++component) {
         out.push_back(static_cast<char>(component));
@@ -303,14 +304,14 @@ std::string EncodeJpeg(const RgbImage& image, int quality)
     std::size_t length = 2;
     for (const HuffmanTable* table : {&dcLuma, &acLuma, &dcChroma, &acChroma})
         length += 17 + table->symbols.size();
-    PutU16(out, static_cast<unsigned>(length));
+    PutBigEndian16(out, static_cast<unsigned>(length));
     PutHuffmanTable(out, 0x00, dcLuma);
     PutHuffmanTable(out, 0x10, acLuma);
     PutHuffmanTable(out, 0x01, dcChroma);
     PutHuffmanTable(out, 0x11, acChroma);
 
     PutMarker(out, 0xDA); // one scan with all three components
-    PutU16(out, 6 + 2 * 3);
+    PutBigEndian16(out, 6 + 2 * 3);
     out.push_back('\x03');
     out.push_back('\x01');
     out.push_back('\x00');
