@@ -13,7 +13,7 @@ declare -A groups=(
     [build]="cmake ninja-build g++ pkg-config ccache qt6-base-dev qt6-multimedia-dev
              gstreamer1.0-plugins-base gstreamer1.0-plugins-good libgtest-dev googletest
              libbenchmark-dev"
-    [windows]="g++-mingw-w64-x86-64-posix wine64 wine googletest xvfb xauth"
+    [windows]="cmake ninja-build g++-mingw-w64-x86-64-posix wine64 wine googletest xvfb xauth"
     [fuzz]="clang libclang-rt-14-dev"
     [screenshots]="xvfb xauth imagemagick x11-apps"
 )

@@ -53,15 +53,14 @@ std::wstring KeyPathWithoutOuterSeparators(const std::string& keyPath)
     return key.substr(first, key.find_last_not_of(L'\\') - first + 1);
 }
 
-enum class Lookup { Found, Missing, NotText };
-
-// Reads the value from one view of the registry.
-Lookup ReadFromView(HKEY root, const std::wstring& keyPath, const std::wstring& valueName,
-                    REGSAM view, std::string& text)
+// The value's text in one view of the registry; nothing when the key or the value is missing or
+// the value is not text.
+std::optional<std::string> ReadFromView(HKEY root, const std::wstring& keyPath,
+                                        const std::wstring& valueName, REGSAM view)
 {
     KeyHandle key;
     if (RegOpenKeyExW(root, keyPath.c_str(), 0, kAccess | view, key.out()) != ERROR_SUCCESS)
-        return Lookup::Missing;
+        return std::nullopt;
 
     DWORD type = 0;
     DWORD size = 0;
@@ -79,10 +78,9 @@ Lookup ReadFromView(HKEY root, const std::wstring& keyPath, const std::wstring& 
         }
         size = std::max<DWORD>(got, size * 2 + 2);
     }
-    if (status == ERROR_FILE_NOT_FOUND)
-        return Lookup::Missing;
-    if (status != ERROR_SUCCESS || (type != REG_SZ && type != REG_EXPAND_SZ && type != REG_MULTI_SZ))
-        return Lookup::NotText;
+    if (status != ERROR_SUCCESS ||
+        (type != REG_SZ && type != REG_EXPAND_SZ && type != REG_MULTI_SZ))
+        return std::nullopt;
 
     std::wstring wide(data.size() / sizeof(wchar_t), L'\0');
     if (!wide.empty())
@@ -91,8 +89,7 @@ Lookup ReadFromView(HKEY root, const std::wstring& keyPath, const std::wstring& 
     // strings of a multi-string, or garbage a careless writer stored.
     if (const std::size_t nul = wide.find(L'\0'); nul != std::wstring::npos)
         wide.resize(nul);
-    text = FromWide(wide);
-    return Lookup::Found;
+    return FromWide(wide);
 }
 
 class WindowsRegistry final : public Registry {
@@ -105,15 +102,12 @@ public:
             return std::nullopt;
         const std::wstring key = KeyPathWithoutOuterSeparators(keyPath);
         const std::wstring value = ToWide(valueName);
-        std::string text;
-        Lookup found = ReadFromView(*root, key, value, 0, text);
         // The simulator's installer is a 32-bit program; on a 64-bit system its keys sit in
-        // the 32-bit view, which a 64-bit program reaches only by asking for it.
-        if (found == Lookup::Missing)
-            found = ReadFromView(*root, key, value, KEY_WOW64_32KEY, text);
-        if (found != Lookup::Found)
-            return std::nullopt;
-        return text;
+        // the 32-bit view, which a 64-bit program reaches only by asking for it. As with the
+        // prefix files on Linux, that view answers whenever the native one has no text.
+        if (std::optional<std::string> text = ReadFromView(*root, key, value, 0))
+            return text;
+        return ReadFromView(*root, key, value, KEY_WOW64_32KEY);
     }
 
     std::string hostPath(const std::string& windowsPath) override { return windowsPath; }
@@ -121,6 +115,9 @@ public:
 
 } // namespace
 
-std::unique_ptr<Registry> CreatePlatformRegistry() { return std::make_unique<WindowsRegistry>(); }
+std::unique_ptr<Registry> CreatePlatformRegistry()
+{
+    return std::make_unique<WindowsRegistry>();
+}
 
 } // namespace vellumar

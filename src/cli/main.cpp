@@ -1,6 +1,7 @@
 // vellumar-cli: the scripting and troubleshooting front end over the same core as the program.
 
 #include "CliCommands.h"
+#include "CommandLine.h"
 #include "ConsoleMessageService.h"
 #include "EventPump.h"
 #include "FileOperations.h"
@@ -45,6 +46,6 @@ int main(int argc, char** argv)
     Services services{messages,       events,    *files,       *registry,
                       *systemFolders, *launcher, folderBrowser};
     return RunCliCommand(
-        std::vector<std::string>(argv + 1, argv + argc), services, std::cout, std::cerr,
+        CommandLineArguments(argc, argv), services, std::cout, std::cerr,
         [&messages](ConsoleMessageService::Answers answers) { messages.setAnswers(answers); });
 }

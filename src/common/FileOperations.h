@@ -68,8 +68,9 @@ public:
     // flushed and renamed over the original. A read-only original is refused.
     virtual bool replaceFile(const std::string& path, const std::string& contents) = 0;
 
-    // The path as it exists on disk (native separators, letter case of the entries found);
-    // components that do not exist are kept as given.
+    // The path as the system finds it, with native separators. Where names are case sensitive
+    // each component takes the letter case of the entry found; where the system ignores case
+    // the spelling may stay as given. Components that do not exist are kept as given.
     virtual std::string resolve(const std::string& path) = 0;
 };
 

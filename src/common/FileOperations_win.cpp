@@ -29,8 +29,7 @@ class Handle {
 public:
     explicit Handle(HANDLE handle)
         : handle_(handle)
-    {
-    }
+    {}
     ~Handle()
     {
         if (valid())
@@ -57,8 +56,7 @@ class FindHandle {
 public:
     explicit FindHandle(HANDLE handle)
         : handle_(handle)
-    {
-    }
+    {}
     ~FindHandle()
     {
         if (handle_ != INVALID_HANDLE_VALUE)
@@ -117,15 +115,16 @@ std::wstring FolderOfPattern(const std::wstring& pattern)
     return pattern.substr(0, slash);
 }
 
-DWORD AttributesOf(const std::wstring& path) { return GetFileAttributesW(path.c_str()); }
+DWORD AttributesOf(const std::wstring& path)
+{
+    return GetFileAttributesW(path.c_str());
+}
 
 bool IsFolder(const std::wstring& path)
 {
     const DWORD attributes = AttributesOf(path);
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
 }
-
-bool Exists(const std::wstring& path) { return AttributesOf(path) != INVALID_FILE_ATTRIBUTES; }
 
 bool IsDotEntry(const wchar_t* name)
 {
@@ -246,7 +245,21 @@ public:
 
     bool moveFile(const std::string& source, const std::string& target) override
     {
-        return MoveFileExW(NativePath(source).c_str(), NativePath(target).c_str(), 0) != 0;
+        const std::wstring from = NativePath(source);
+        const std::wstring to = NativePath(target);
+        if (from != to &&
+            CompareStringOrdinal(from.c_str(), -1, to.c_str(), -1, TRUE) == CSTR_EQUAL) {
+            // Only the letter case changes. Wine keeps the old spelling when asked for that
+            // directly, so the name goes by way of a temporary one.
+            const std::wstring temporary = TemporarySibling(from);
+            if (!MoveFileExW(from.c_str(), temporary.c_str(), 0))
+                return false;
+            if (MoveFileExW(temporary.c_str(), to.c_str(), 0))
+                return true;
+            MoveFileExW(temporary.c_str(), from.c_str(), 0);
+            return false;
+        }
+        return MoveFileExW(from.c_str(), to.c_str(), 0) != 0;
     }
 
     bool renameOver(const std::string& source, const std::string& target) override

@@ -6,6 +6,7 @@
 #include "ProgramPaths.h"
 #include "TempFolder.h"
 #include "TestServices.h"
+#include "TextCompare.h"
 
 #include <gtest/gtest.h>
 
@@ -136,7 +137,7 @@ TEST_F(DataFolderChecksTest, ADataFolderThatDoesNotExistFallsBackToTheProgramFol
     temp.makeFolder("Library/Situation");
     install("[PathCheck]\r\nCheck=off\r\n[DataFolder]\r\nPath=library\r\n");
     EXPECT_EQ(run(), StartUpOutcome::Continue);
-    EXPECT_EQ(fakes.files.resolve(paths.DataFolder), temp / "Library");
+    EXPECT_TRUE(EqualsIgnoreCase(fakes.files.resolve(paths.DataFolder), temp / "Library"));
 }
 
 TEST_F(DataFolderChecksTest, SoundFilesThatCannotBePlayedFallBackToTheBeep)

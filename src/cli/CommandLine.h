@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace vellumar {
+
+// The program's arguments (without its name) in UTF-8, whatever code page the system hands
+// them over in.
+std::vector<std::string> CommandLineArguments(int argc, char** argv);
+
+} // namespace vellumar

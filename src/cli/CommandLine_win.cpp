@@ -1,0 +1,25 @@
+// argv arrives in the ANSI code page on Windows; the wide command line has every character.
+
+#include "CommandLine.h"
+#include "WideText_win.h"
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+namespace vellumar {
+
+std::vector<std::string> CommandLineArguments(int argc, char** argv)
+{
+    int count = 0;
+    LPWSTR* wide = CommandLineToArgvW(GetCommandLineW(), &count);
+    if (!wide)
+        return std::vector<std::string>(argv + (argc > 0 ? 1 : 0), argv + argc);
+    std::vector<std::string> arguments;
+    for (int i = 1; i < count; ++i)
+        arguments.push_back(FromWide(wide[i]));
+    LocalFree(wide);
+    return arguments;
+}
+
+} // namespace vellumar
