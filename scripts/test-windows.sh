@@ -33,6 +33,21 @@ mkdir -p "$WINEPREFIX"
 # may have started without this display, so it goes first.
 wineserver -k 2>/dev/null || true
 wineserver -w
+
+# Make (or update) the prefix completely, and wait for every process of that to end, before a
+# test runs in it: a test started while the prefix is still being made finds no system DLLs.
+make_prefix() {
+    wine wineboot --init >/dev/null 2>&1 || true
+    wineserver -w
+}
+make_prefix
+if [ ! -e "$WINEPREFIX/drive_c/windows/system32/kernel32.dll" ]; then
+    echo "test-windows: the Wine prefix was left incomplete; making it again" >&2
+    rm -rf "$WINEPREFIX"
+    mkdir -p "$WINEPREFIX"
+    make_prefix
+fi
+
 trap 'wineserver -k 2>/dev/null || true' EXIT
 wineserver -p
 wine cmd /c exit >/dev/null 2>&1 || true
