@@ -234,6 +234,8 @@ public:
         ::close(in);
         if (!ok)
             ::unlink(to.c_str());
+        else
+            noteOwnChange(to, true, false);
         return ok;
     }
 
@@ -251,9 +253,14 @@ public:
                 return false;
             const std::string wanted =
                 Join(SplitLast(to).first, SplitLast(NativeSeparators(target)).second);
+            forgetFolderOf(to);
             return ::rename(from.c_str(), wanted.c_str()) == 0;
         }
-        return ::rename(from.c_str(), to.c_str()) == 0;
+        if (::rename(from.c_str(), to.c_str()) != 0)
+            return false;
+        noteOwnChange(from, false, false);
+        noteOwnChange(to, true, S_ISDIR(fromStat.st_mode));
+        return true;
     }
 
     bool renameOver(const std::string& source, const std::string& target) override
@@ -263,12 +270,17 @@ public:
         struct stat st {};
         if (::lstat(to.c_str(), &st) == 0 && (S_ISDIR(st.st_mode) || IsReadOnly(st)))
             return false;
+        const bool variants = mayHaveCaseVariants(to);
+        // No flush of the folder: the rename itself is what keeps the target whole, and an
+        // install renames hundreds of files.
         if (::rename(from.c_str(), to.c_str()) != 0)
             return false;
-        SyncFolderOf(to);
+        noteOwnChange(from, false, false);
+        noteOwnChange(to, true, false);
         // A name that differs from the target only in letter case would shadow it for Windows
         // programs; the target's own spelling is the one that stays.
-        removeCaseVariants(to);
+        if (variants)
+            removeCaseVariants(to);
         return true;
     }
 
@@ -280,7 +292,10 @@ public:
             return false;
         if (!S_ISLNK(st.st_mode) && IsReadOnly(st))
             return false;
-        return ::unlink(actual.c_str()) == 0;
+        if (::unlink(actual.c_str()) != 0)
+            return false;
+        noteOwnChange(actual, false, false);
+        return true;
     }
 
     bool deleteTree(const std::string& path) override
@@ -302,6 +317,8 @@ public:
             if (!(isRealFolder ? deleteTree(child) : deleteFile(child)))
                 return false;
         }
+        forgetFolderOf(actual);
+        indexes_.erase(actual);
         return ::rmdir(actual.c_str()) == 0;
     }
 
@@ -318,7 +335,9 @@ public:
             position = slash + 1;
             if (partial.empty())
                 continue; // the root
-            if (::mkdir(partial.c_str(), 0777) != 0 && errno != EEXIST)
+            if (::mkdir(partial.c_str(), 0777) == 0)
+                forgetFolderOf(partial);
+            else if (errno != EEXIST)
                 return false;
         }
         struct stat st {};
@@ -371,6 +390,7 @@ public:
         ok = ok && ::fsync(fd) == 0;
         ok = (::close(fd) == 0) && ok;
         ok = ok && ::rename(temporary.c_str(), actual.c_str()) == 0;
+        forgetFolderOf(actual);
         if (!ok) {
             ::unlink(temporary.c_str());
             return false;
@@ -524,6 +544,66 @@ private:
         return &index;
     }
 
+    // Keeps a trusted listing of a folder up to date with a change this program made itself,
+    // so that copying a set's files does not list the folder again after every file. A foreign
+    // change in the very same instant would go unnoticed until the folder changes again.
+    void noteOwnChange(const std::string& path, bool added, bool isDirectory)
+    {
+        const auto [folder, name] = SplitLast(path);
+        const auto cached = indexes_.find(folder);
+        if (cached == indexes_.end())
+            return;
+        FolderIndex& index = cached->second;
+        struct stat st {};
+        const bool trusted = index.listedAt - index.modified > kUntrustedWindow;
+        if (!trusted || ::stat(folder.c_str(), &st) != 0 || st.st_ino != index.inode) {
+            indexes_.erase(cached);
+            return;
+        }
+        const std::string lowered = ToLowerAscii(name);
+        if (added) {
+            const auto [entry, inserted] =
+                index.byLowerName.emplace(lowered, DirectoryEntry{name, isDirectory});
+            if (!inserted && entry->second.name != name)
+                index.hasCaseVariants = true;
+        } else {
+            const auto entry = index.byLowerName.find(lowered);
+            if (index.hasCaseVariants) {
+                indexes_.erase(cached); // which variant remains is not known here
+                return;
+            }
+            if (entry != index.byLowerName.end() && entry->second.name == name)
+                index.byLowerName.erase(entry);
+        }
+        index.modified = ToFileTime(st.st_mtim);
+        index.listedAt = std::max(index.listedAt, index.modified + kUntrustedWindow + 1);
+    }
+
+    void forgetFolderOf(const std::string& path) { indexes_.erase(SplitLast(path).first); }
+
+    // Whether the folder of `target` holds a name that differs from it only in letter case,
+    // judged from the folder's listing as last taken (a variant made in the last moments may
+    // be missed, which the next replacement puts right).
+    bool mayHaveCaseVariants(const std::string& target)
+    {
+        const auto [folder, name] = SplitLast(target);
+        const FolderIndex* index = nullptr;
+        if (const auto cached = indexes_.find(folder); cached != indexes_.end()) {
+            index = &cached->second;
+        } else {
+            struct stat st {};
+            if (::stat(folder.c_str(), &st) != 0)
+                return false;
+            index = indexOf(folder, st);
+        }
+        if (!index)
+            return true;
+        if (index->hasCaseVariants)
+            return true;
+        const auto found = index->byLowerName.find(ToLowerAscii(name));
+        return found != index->byLowerName.end() && found->second.name != name;
+    }
+
     void removeCaseVariants(const std::string& target)
     {
         const auto [folder, name] = SplitLast(target);
@@ -532,7 +612,8 @@ private:
             return;
         for (const DirectoryEntry& entry : entries)
             if (!entry.isDirectory && entry.name != name && EqualsIgnoreCase(entry.name, name))
-                ::unlink(Join(folder, entry.name).c_str());
+                if (::unlink(Join(folder, entry.name).c_str()) == 0)
+                    noteOwnChange(Join(folder, entry.name), false, false);
     }
 
     static bool copyContents(int in, int out, std::size_t size)

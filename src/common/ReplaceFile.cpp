@@ -4,16 +4,20 @@
 #include "PathText.h"
 
 #include <atomic>
+#include <random>
 #include <string>
 
 namespace vellumar {
 
 std::string TemporarySiblingName(const std::string& target)
 {
-    // Unique within the process; a stale name left by a crash is simply removed and reused.
+    // Unique within the process, and a random token keeps two processes apart; a stale name
+    // left by a crash is simply removed and reused.
     static std::atomic<unsigned> counter{0};
+    static const unsigned token = std::random_device{}();
     const std::string folder = FolderOfPath(target);
-    std::string name = ".vellumar-" + std::to_string(++counter) + ".tmp";
+    std::string name =
+        ".vellumar-" + std::to_string(token) + "-" + std::to_string(++counter) + ".tmp";
     if (folder == target) // a bare name: the temporary file goes beside it
         return name;
     return folder + target[folder.size()] + name;
@@ -33,8 +37,13 @@ ReplaceResult ReplaceFileWith(FileOperations& files, const std::string& source,
             files.deleteFile(temporary);
         }
     };
-    removeTemporary();
-    if (!files.copyFile(source, temporary)) {
+    // A temporary file left by a crash has the same name only by chance: clear it and retry.
+    bool copied = files.copyFile(source, temporary);
+    if (!copied && files.attributes(temporary)) {
+        removeTemporary();
+        copied = files.copyFile(source, temporary);
+    }
+    if (!copied) {
         removeTemporary();
         return ReplaceResult::CopyFailed;
     }
