@@ -45,10 +45,7 @@ public:
 
 class NoBrowser final : public FolderBrowser {
 public:
-    std::string BrowseForFolder(const std::string&, int, const std::string&) override
-    {
-        return {};
-    }
+    std::string BrowseForFolder(const std::string&, int, const std::string&) override { return {}; }
 };
 
 const std::string& Library()

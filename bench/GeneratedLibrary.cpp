@@ -2,10 +2,10 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <pwd.h>
-#include <unistd.h>
 #include <filesystem>
 #include <fstream>
+#include <pwd.h>
+#include <unistd.h>
 
 namespace vellumar::bench {
 
@@ -52,7 +52,8 @@ std::string GenerateLibrary(const std::string& folder, int sets, int filesPerSet
     fs::create_directories(prefix / "drive_c" / "windows");
     fs::create_directories(profile / "Documents");
     fs::create_directories(profile / "AppData" / "Roaming" / "Microsoft" / "FS9");
-    std::ofstream(profile / "AppData" / "Roaming" / "Microsoft" / "FS9" / "fs9.cfg") << "[Main]\r\n";
+    std::ofstream(profile / "AppData" / "Roaming" / "Microsoft" / "FS9" / "fs9.cfg")
+        << "[Main]\r\n";
     std::ofstream(prefix / "system.reg") << "WINE REGISTRY Version 2\n";
     fs::rename(home.parent_path() / "cloud.tmp", home / "cloud.ini");
     return home.string();

@@ -25,7 +25,7 @@ public:
     int ShowMessage(const std::string&, int style, const std::string&) override
     {
         return (style & MessageStyle::ButtonsMask) == MessageStyle::YesNo ? MessageResult::Yes
-                                                                           : MessageResult::OK;
+                                                                          : MessageResult::OK;
     }
     int ShowSystemMessage(const std::string& text, int style, const std::string& title) override
     {
@@ -109,8 +109,8 @@ const std::string& SmallSetHome()
 void BM_CliInstall40SmallFiles(benchmark::State& state)
 {
     const std::string& home = SmallSetHome();
-    const std::vector<std::string> environment = {"VELLUMAR_HOME=" + home,
-                                                  "WINEPREFIX=" + ScratchFolder() + "/small/prefix"};
+    const std::vector<std::string> environment = {
+        "VELLUMAR_HOME=" + home, "WINEPREFIX=" + ScratchFolder() + "/small/prefix"};
     fs::create_directories(home + "/FS9/texture");
     for (auto _ : state)
         if (RunProcess({VELLUMAR_CLI_PATH, "install", "Set 0000", "--yes"}, environment) != 0)

@@ -1,6 +1,5 @@
 #include "JpegWriter.h"
 
-
 #include <algorithm>
 #include <array>
 #include <cmath>

@@ -12,12 +12,12 @@ namespace vellumar {
 
 namespace {
 
-struct ButtonSpec {
+struct ButtonChoice {
     QMessageBox::StandardButton button;
     int result;
 };
 
-std::vector<ButtonSpec> ButtonsOf(int style)
+std::vector<ButtonChoice> ButtonsOf(int style)
 {
     using SB = QMessageBox::StandardButton;
     switch (style & MessageStyle::ButtonsMask) {
@@ -105,17 +105,17 @@ int QtMessageService::ShowSystemMessage(const std::string& text, int style,
 {
     QMessageBox box(SystemIconOf(style), QString::fromStdString(title),
                     QString::fromStdString(text), QMessageBox::NoButton, owner_);
-    const std::vector<ButtonSpec> buttons = ButtonsOf(style);
-    for (const ButtonSpec& spec : buttons)
-        box.addButton(spec.button);
+    const std::vector<ButtonChoice> buttons = ButtonsOf(style);
+    for (const ButtonChoice& choice : buttons)
+        box.addButton(choice.button);
     const int defaultResult = DefaultAnswer(style);
-    for (const ButtonSpec& spec : buttons)
-        if (spec.result == defaultResult)
-            box.setDefaultButton(spec.button);
+    for (const ButtonChoice& choice : buttons)
+        if (choice.result == defaultResult)
+            box.setDefaultButton(choice.button);
     const auto pressed = static_cast<QMessageBox::StandardButton>(box.exec());
-    for (const ButtonSpec& spec : buttons)
-        if (spec.button == pressed)
-            return spec.result;
+    for (const ButtonChoice& choice : buttons)
+        if (choice.button == pressed)
+            return choice.result;
     // Closed without a button: the answer of Escape, the last button of the set.
     return buttons.back().result;
 }
