@@ -1,0 +1,273 @@
+#include "MainWindowLogic.h"
+
+#include "CloudIni.h"
+#include "FileHelpers.h"
+#include "PathText.h"
+#include "SetCatalogue.h"
+#include "TextCompare.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace vellumar {
+
+namespace {
+
+// A filter shows the sets whose category number equals its index.
+static_assert(SetFilter::Cumulus == SetCategory::Cloud);
+static_assert(SetFilter::Cirrus == SetCategory::Cirrus);
+static_assert(SetFilter::SkyColor == SetCategory::SkyColor);
+static_assert(SetFilter::Misc == SetCategory::Misc);
+
+constexpr std::array<std::string_view, SetFilter::Count> kFilterCaptions = {
+    "All ", "Cumulus", "Cirrus", "Sky Color ", "Sky", "Misc"};
+
+// The controls of each layout of the set area.
+constexpr std::array<std::string_view, 4> kFileLists = {"cmbClouds", "cmbOption", "lstClouds",
+                                                        "lstOption"};
+constexpr std::array<std::string_view, 2> kTrailSwitch = {"chkTrailOption", "lblTrailOption"};
+
+void Switch(std::vector<ControlSwitch>& list, std::string_view name, bool on)
+{
+    list.push_back({std::string(name), on});
+}
+
+// Every filter label but the heading.
+void SwitchFilters(std::vector<ControlSwitch>& list, bool on)
+{
+    for (int index = 0; index < SetFilter::Count; ++index)
+        if (index != SetFilter::Heading)
+            Switch(list, FilterLabelName(index), on);
+}
+
+void SwitchAll(std::vector<ControlSwitch>& list, const auto& names, bool on)
+{
+    for (std::string_view name : names)
+        Switch(list, name, on);
+}
+
+} // namespace
+
+std::string_view FilterCaption(int index)
+{
+    if (index < 0 || index >= SetFilter::Count)
+        return {};
+    return kFilterCaptions[static_cast<std::size_t>(index)];
+}
+
+std::string FilterLabelName(int index)
+{
+    return "lblFilter" + std::to_string(index);
+}
+
+FilterChoice ChooseFilter(int index, const MainWindowState& state,
+                          const std::vector<TextureSetEntry>& sets)
+{
+    FilterChoice choice;
+    if (index < 0 || index >= SetFilter::Count || index == SetFilter::Heading || state.HideSetName)
+        return choice;
+    choice.applies = true;
+    if (index == SetFilter::All)
+        return choice;
+    for (std::size_t i = 0; i < sets.size(); ++i) {
+        if (sets[i].compatibility == index) {
+            choice.filtered.push_back(sets[i].name);
+            choice.indices.push_back(static_cast<int>(i));
+        }
+    }
+    if (choice.filtered.empty())
+        return choice; // a category without sets falls back to "All "
+    choice.chosen = index;
+    choice.switchAutoRandomOff = state.AutoRandomInterval != 0;
+    return choice;
+}
+
+void MirrorTicks(const TickList& clicked, TickList& other)
+{
+    for (const auto& [name, ticked] : clicked) {
+        if (!ticked)
+            continue;
+        for (auto& [otherName, otherTicked] : other)
+            if (EqualsIgnoreCase(name, otherName))
+                otherTicked = false;
+    }
+}
+
+bool AnyTicked(const TickList& list)
+{
+    return std::any_of(list.begin(), list.end(), [](const auto& entry) { return entry.second; });
+}
+
+WindowChanges ButtonCtrl(bool enabled, const MainWindowState& state)
+{
+    WindowChanges changes;
+    for (std::string_view name : {"optSky", "cmdInst", "cmdInstAndStart", "cmdRandom", "lstSky",
+                                  "lstSkyFil", "lstClouds", "lstOption", "cmbClouds", "cmbOption"})
+        Switch(changes.enabled, name, enabled);
+    const bool backupCommands = enabled && !state.SituationMode;
+    Switch(changes.enabled, "cmdBackUp", backupCommands);
+    Switch(changes.enabled, "cmdToOrg", backupCommands);
+    Switch(changes.enabled, "optFLT", enabled && state.SituationCount > 0);
+    return changes;
+}
+
+WindowChanges cmdCont(const MainWindowState& state, bool anyTicked)
+{
+    WindowChanges changes;
+    if (state.SituationMode || state.AutoRandomInterval != 0)
+        return changes;
+    // During a hidden pick backup and restore would list the files, and with them the set.
+    const bool backupCommands = !state.HideSetName && anyTicked;
+    Switch(changes.enabled, "cmdBackUp", backupCommands);
+    Switch(changes.enabled, "cmdToOrg", backupCommands);
+    Switch(changes.enabled, "cmdInst", anyTicked);
+    Switch(changes.enabled, "cmdInstAndStart", anyTicked);
+    return changes;
+}
+
+SkyListLayout LayoutForShowSkyFiles(const MainWindowState& state)
+{
+    SkyListLayout layout;
+    WindowChanges& changes = layout.changes;
+    for (std::string_view name : {"cmdBackUp", "cmdToOrg"}) {
+        Switch(changes.visible, name, state.BackupOriginals);
+        Switch(changes.enabled, name, state.BackupOriginals);
+    }
+    SwitchAll(changes.visible, kFileLists, state.ShowSkyFiles);
+    Switch(changes.visible, "lstSky", !state.ShowSkyFiles);
+    Switch(changes.visible, "lstSkyFil", false);
+    SwitchFilters(changes.visible, !state.ShowSkyFiles);
+    layout.situationListTwips = state.ShowSkyFiles ? 2085 : 960;
+    return layout;
+}
+
+WindowChanges SkyModeControls(const MainWindowState& state, bool filtered)
+{
+    WindowChanges changes;
+    SwitchAll(changes.visible, kFileLists, state.ShowSkyFiles);
+    Switch(changes.visible, "lstSky", !state.ShowSkyFiles && !filtered);
+    Switch(changes.visible, "lstSkyFil", !state.ShowSkyFiles && filtered);
+    SwitchFilters(changes.visible, !state.ShowSkyFiles);
+    Switch(changes.visible, "lstFLT", false);
+    Switch(changes.visible, "ImgSky", true);
+    Switch(changes.visible, "lblFunc", false);
+    for (std::string_view name : {"cmdBackUp", "cmdToOrg", "cmdInst"})
+        Switch(changes.enabled, name, true);
+    return changes;
+}
+
+WindowChanges SituationModeControls()
+{
+    WindowChanges changes;
+    SwitchFilters(changes.visible, false);
+    SwitchAll(changes.visible, kTrailSwitch, false);
+    SwitchAll(changes.visible, kFileLists, false);
+    Switch(changes.visible, "lstSky", false);
+    Switch(changes.visible, "lstSkyFil", false);
+    Switch(changes.visible, "lstFLT", true);
+    Switch(changes.visible, "lblFunc", true);
+    for (std::string_view name : {"cmdBackUp", "cmdToOrg", "cmdInst"})
+        Switch(changes.enabled, name, false);
+    return changes;
+}
+
+WindowChanges HiddenPickControls()
+{
+    WindowChanges changes;
+    for (std::string_view name : {"ImgSky", "lstSky", "lstSkyFil", "lstFLT"})
+        Switch(changes.visible, name, false);
+    SwitchFilters(changes.visible, false);
+    SwitchAll(changes.visible, kTrailSwitch, false);
+    SwitchAll(changes.visible, kFileLists, false);
+    Switch(changes.enabled, "cmdToOrg", false);
+    Switch(changes.enabled, "cmdBackUp", false);
+    return changes;
+}
+
+TrailSwitch TrailSwitchFor(const MainWindowState& state, const std::string& optionSetName,
+                           bool optionSetHasFiles)
+{
+    TrailSwitch trail;
+    trail.visible =
+        !state.ShowSkyFiles && !state.HideSetName && !state.SituationMode && optionSetHasFiles;
+    trail.caption = optionSetName;
+    return trail;
+}
+
+std::string SetStatusText(const MainWindowState& state, const std::string& setName)
+{
+    return state.HideSetName ? std::string(kPressInstallText) : setName;
+}
+
+bool ShowsFileName(const MainWindowState& state)
+{
+    return state.AutoRandomInterval == 0 && !state.HideSetName;
+}
+
+bool ShowsSetPreview(const MainWindowState& state)
+{
+    return !state.HideSetName;
+}
+
+std::string IntervalText(double autoRandomInterval)
+{
+    // The interval is edited in tenths of a minute; from one minute on it moves in whole
+    // minutes, so one decimal is shown only below that.
+    const long tenths = std::lround(autoRandomInterval * 10);
+    if (tenths == 0)
+        return "Off";
+    if (tenths > 0 && tenths < 10)
+        return "0." + std::to_string(tenths) + "min";
+    return std::to_string(std::lround(static_cast<double>(tenths) / 10)) + "min";
+}
+
+std::vector<bool> RandomSelectionFlags(const std::vector<TextureSetEntry>& sets)
+{
+    std::vector<bool> flags;
+    flags.reserve(sets.size());
+    for (const TextureSetEntry& set : sets)
+        flags.push_back(set.random);
+    return flags;
+}
+
+std::string OptionGroupFolder(const std::string& dataFolder)
+{
+    return JoinPath(JoinPath(dataFolder, "Texture"), "Option");
+}
+
+TextList OptionSetNames(FileOperations& files, EventPump& events, const std::string& dataFolder)
+{
+    TextList names;
+    ListSubfolders(files, events, OptionGroupFolder(dataFolder), names);
+    return names;
+}
+
+std::string HelpFolder(const std::string& programPath)
+{
+    return JoinPath(programPath, "help");
+}
+
+WindowChanges SimulatorChoices(const std::string& fsPath0, const std::string& fsPath1)
+{
+    WindowChanges changes;
+    Switch(changes.enabled, "optFs0", !fsPath0.empty());
+    Switch(changes.enabled, "optFs1", !fsPath1.empty());
+    return changes;
+}
+
+bool AwaitsLaterWork(std::string_view controlName)
+{
+    // Installing, backing up and restoring from the window, AutoRandom's interval and set
+    // selection, the sound window, the last-installed list and the situations' own commands.
+    static constexpr std::array<std::string_view, 12> kLater = {
+        "cmdInst",           "cmdInstAndStart",
+        "cmdBackUp",         "cmdToOrg",
+        "lblAutoRandom",     "lblTime",
+        "mnuSound",          "mnuLastInst",
+        "mnuClearSituation", "mnuClearSituation2",
+        "mnuNotStartFs",     "mnuBkAll"};
+    return std::find(kLater.begin(), kLater.end(), controlName) != kLater.end();
+}
+
+} // namespace vellumar

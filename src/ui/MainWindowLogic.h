@@ -1,0 +1,140 @@
+#pragma once
+
+#include "TextList.h"
+#include "TextureFolders.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vellumar {
+
+class EventPump;
+class FileOperations;
+struct TextureSetEntry;
+
+// The main window's rules that need no widget. The window reads its controls, asks these
+// functions, and shows the answer; controls are named by their object names.
+
+// What the main window is showing and doing, as far as its rules depend on it.
+struct MainWindowState {
+    bool ShowSkyFiles = false;
+    bool BackupOriginals = false;
+    // A hidden random pick is active: the set name is never shown.
+    bool HideSetName = false;
+    // optFLT is chosen instead of optSky.
+    bool SituationMode = false;
+    // Minutes; 0 is AutoRandom off.
+    double AutoRandomInterval = 0;
+    // Entries of lstFLT.
+    int SituationCount = 0;
+};
+
+struct ControlSwitch {
+    std::string name;
+    bool on = false;
+};
+
+// Visibility and enabled state for some controls; controls not named keep theirs.
+struct WindowChanges {
+    std::vector<ControlSwitch> visible;
+    std::vector<ControlSwitch> enabled;
+};
+
+// The filter labels lblFilter(0..5). Index 4 is the heading of the row, not a filter.
+namespace SetFilter {
+inline constexpr int All = 0;
+inline constexpr int Cumulus = 1;
+inline constexpr int Cirrus = 2;
+inline constexpr int SkyColor = 3;
+inline constexpr int Heading = 4;
+inline constexpr int Misc = 5;
+inline constexpr int Count = 6;
+} // namespace SetFilter
+
+// "All ", "Cumulus", "Cirrus", "Sky Color ", "Sky", "Misc" (the blanks are part of them).
+std::string_view FilterCaption(int index);
+std::string FilterLabelName(int index);
+
+struct FilterChoice {
+    // False for the heading and during a hidden pick: nothing changes.
+    bool applies = false;
+    // The label shown as chosen; "All " when a category has no set.
+    int chosen = SetFilter::All;
+    // lstSkyFil replaces lstSky with these names (catalogue order) when not empty; `indices`
+    // holds the catalogue index of each, as names need not be unique.
+    TextList filtered;
+    std::vector<int> indices;
+    bool switchAutoRandomOff = false;
+};
+
+// lblFilter_Click: the sets of one category, or all sets when the category has none.
+FilterChoice ChooseFilter(int index, const MainWindowState& state,
+                          const std::vector<TextureSetEntry>& sets);
+
+// lstClouds_Click and lstOption_Click: each file ticked in `clicked` unticks the file of the
+// same name (letter case ignored) in `other`, so no file is installed from both sets.
+void MirrorTicks(const TickList& clicked, TickList& other);
+bool AnyTicked(const TickList& list);
+
+// ButtonCtrl: while AutoRandom runs the set cannot be changed by hand.
+WindowChanges ButtonCtrl(bool enabled, const MainWindowState& state);
+
+// cmdCont, after the ticks changed; no changes in situation mode or with an interval set.
+WindowChanges cmdCont(const MainWindowState& state, bool anyTicked);
+
+// The two layouts of ShowSkyFiles: the set's file lists with their combos, or the one list of
+// sets with its filters. Also the backup buttons, which follow BackupOriginals.
+struct SkyListLayout {
+    WindowChanges changes;
+    // The room of the situation list, in twips.
+    int situationListTwips = 0;
+};
+SkyListLayout LayoutForShowSkyFiles(const MainWindowState& state);
+
+// optSky_Click: the sky controls of the layout come back; `filtered` is true while lstSkyFil
+// stands in for lstSky.
+WindowChanges SkyModeControls(const MainWindowState& state, bool filtered);
+// optFLT_Click: the situation list replaces the sky lists.
+WindowChanges SituationModeControls();
+// cmdRandom_Click: everything that could give the picked set's name away is hidden.
+WindowChanges HiddenPickControls();
+
+// The trail switch (chkTrailOption with lblTrailOption) under the set list.
+struct TrailSwitch {
+    bool visible = false;
+    std::string caption; // lblTrailOption: the option set's name
+};
+TrailSwitch TrailSwitchFor(const MainWindowState& state, const std::string& optionSetName,
+                           bool optionSetHasFiles);
+
+inline constexpr std::string_view kPressInstallText = "Press Install Button.";
+
+// What lblMsg shows for the current set: its name, or the install prompt during a hidden pick.
+std::string SetStatusText(const MainWindowState& state, const std::string& setName);
+// lstClouds_Click shows the clicked file's name only with AutoRandom off and no hidden pick.
+bool ShowsFileName(const MainWindowState& state);
+// A set's preview picture would give a hidden pick away as surely as its name.
+bool ShowsSetPreview(const MainWindowState& state);
+
+// lblTime: "Off", or the interval as "0.5min" below one minute and "15min" from one minute on.
+std::string IntervalText(double autoRandomInterval);
+
+// The AutoRandom selection flags: the sets that take part in random picks.
+std::vector<bool> RandomSelectionFlags(const std::vector<TextureSetEntry>& sets);
+
+// Option sets are the sub-folders of DataFolder\Texture\Option.
+std::string OptionGroupFolder(const std::string& dataFolder);
+TextList OptionSetNames(FileOperations& files, EventPump& events, const std::string& dataFolder);
+
+// The help folder, ProgramPath\help; lblHelp is usable only when it exists.
+std::string HelpFolder(const std::string& programPath);
+
+// A simulator choice (optFs) can be taken only when its folder is known.
+WindowChanges SimulatorChoices(const std::string& fsPath0, const std::string& fsPath1);
+
+// Controls and menu items whose work is not part of this build yet: they stay disabled
+// whatever the rules above say, rather than pretend to act.
+bool AwaitsLaterWork(std::string_view controlName);
+
+} // namespace vellumar

@@ -1,0 +1,337 @@
+#include "MainWindowLogic.h"
+
+#include "CloudIni.h"
+#include "CountingEventPump.h"
+#include "FaultyFileOperations.h"
+#include "SetCatalogue.h"
+#include "TempFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <optional>
+
+namespace vellumar {
+namespace {
+
+TextureSetEntry Set(const std::string& name, int category, bool random = true)
+{
+    TextureSetEntry set;
+    set.name = name;
+    set.compatibility = category;
+    set.random = random;
+    return set;
+}
+
+// The last switch given for each control, as the window ends up applying them.
+std::map<std::string, bool> Final(const std::vector<ControlSwitch>& switches)
+{
+    std::map<std::string, bool> result;
+    for (const ControlSwitch& entry : switches)
+        result[entry.name] = entry.on;
+    return result;
+}
+
+std::optional<bool> Of(const std::vector<ControlSwitch>& switches, const std::string& name)
+{
+    const auto final = Final(switches);
+    const auto found = final.find(name);
+    if (found == final.end())
+        return std::nullopt;
+    return found->second;
+}
+
+const std::vector<TextureSetEntry> kLibrary = {
+    Set("Summer haze", SetCategory::Cloud),       Set("Clear day", SetCategory::SkyColor),
+    Set("Thunder 1", SetCategory::Cloud),         Set("Overcast", SetCategory::Misc),
+    Set("Runway halo", SetCategory::Misc, false),
+};
+
+TEST(SetFilters, ACategoryShowsItsSetsInCatalogueOrder)
+{
+    MainWindowState state;
+    const FilterChoice cumulus = ChooseFilter(SetFilter::Cumulus, state, kLibrary);
+    EXPECT_TRUE(cumulus.applies);
+    EXPECT_EQ(cumulus.chosen, SetFilter::Cumulus);
+    EXPECT_EQ(cumulus.filtered, (TextList{"Summer haze", "Thunder 1"}));
+    EXPECT_EQ(cumulus.indices, (std::vector<int>{0, 2}));
+    EXPECT_FALSE(cumulus.switchAutoRandomOff);
+
+    const FilterChoice misc = ChooseFilter(SetFilter::Misc, state, kLibrary);
+    EXPECT_EQ(misc.filtered, (TextList{"Overcast", "Runway halo"}));
+    EXPECT_EQ(ChooseFilter(SetFilter::SkyColor, state, kLibrary).filtered, TextList{"Clear day"});
+}
+
+TEST(SetFilters, ACategoryWithoutSetsFallsBackToAll)
+{
+    const FilterChoice cirrus = ChooseFilter(SetFilter::Cirrus, {}, kLibrary);
+    EXPECT_TRUE(cirrus.applies);
+    EXPECT_EQ(cirrus.chosen, SetFilter::All);
+    EXPECT_TRUE(cirrus.filtered.empty());
+    EXPECT_FALSE(cirrus.switchAutoRandomOff);
+
+    EXPECT_EQ(ChooseFilter(SetFilter::Cumulus, {}, {}).chosen, SetFilter::All);
+    const FilterChoice all = ChooseFilter(SetFilter::All, {}, kLibrary);
+    EXPECT_TRUE(all.applies);
+    EXPECT_TRUE(all.filtered.empty());
+}
+
+TEST(SetFilters, TheHeadingAndAHiddenPickChangeNothing)
+{
+    EXPECT_FALSE(ChooseFilter(SetFilter::Heading, {}, kLibrary).applies);
+    EXPECT_FALSE(ChooseFilter(7, {}, kLibrary).applies);
+    MainWindowState hidden;
+    hidden.HideSetName = true;
+    for (int index = 0; index < SetFilter::Count; ++index)
+        EXPECT_FALSE(ChooseFilter(index, hidden, kLibrary).applies) << index;
+}
+
+TEST(SetFilters, ChoosingACategorySwitchesARunningAutoRandomOff)
+{
+    MainWindowState state;
+    state.AutoRandomInterval = 2.5;
+    EXPECT_TRUE(ChooseFilter(SetFilter::SkyColor, state, kLibrary).switchAutoRandomOff);
+    // A fall-back to "All " leaves AutoRandom as it is.
+    EXPECT_FALSE(ChooseFilter(SetFilter::Cirrus, state, kLibrary).switchAutoRandomOff);
+}
+
+TEST(SetFilters, CaptionsAndLabelNames)
+{
+    EXPECT_EQ(FilterCaption(SetFilter::All), "All ");
+    EXPECT_EQ(FilterCaption(SetFilter::SkyColor), "Sky Color ");
+    EXPECT_EQ(FilterCaption(SetFilter::Heading), "Sky");
+    EXPECT_EQ(FilterCaption(SetFilter::Misc), "Misc");
+    EXPECT_EQ(FilterCaption(6), "");
+    EXPECT_EQ(FilterLabelName(5), "lblFilter5");
+}
+
+TEST(TickMirroring, ATickedFileUnticksTheSameNameInTheOtherListOnly)
+{
+    const TickList clouds = {{"halo.bmp", true}, {"cld01.bmp", true}, {"moon.bmp", false}};
+    TickList options = {{"HALO.BMP", true}, {"moon.bmp", true}, {"rain01.bmp", true}};
+    MirrorTicks(clouds, options);
+    EXPECT_EQ(options, (TickList{{"HALO.BMP", false}, {"moon.bmp", true}, {"rain01.bmp", true}}));
+
+    // And the reverse direction: the option list's ticks win over the cloud list.
+    TickList cloudsAgain = clouds;
+    MirrorTicks(options, cloudsAgain);
+    EXPECT_EQ(cloudsAgain, clouds);
+    MirrorTicks({{"cld01.bmp", true}}, cloudsAgain);
+    EXPECT_FALSE(cloudsAgain[1].second);
+}
+
+TEST(TickMirroring, AnyTicked)
+{
+    EXPECT_FALSE(AnyTicked({}));
+    EXPECT_FALSE(AnyTicked({{"a.bmp", false}}));
+    EXPECT_TRUE(AnyTicked({{"a.bmp", false}, {"b.bmp", true}}));
+}
+
+TEST(CommandStates, TicksDecideTheCommandsOutsideAHiddenPick)
+{
+    MainWindowState state;
+    auto changes = cmdCont(state, true);
+    EXPECT_EQ(Of(changes.enabled, "cmdInst"), true);
+    EXPECT_EQ(Of(changes.enabled, "cmdInstAndStart"), true);
+    EXPECT_EQ(Of(changes.enabled, "cmdBackUp"), true);
+    EXPECT_EQ(Of(changes.enabled, "cmdToOrg"), true);
+    changes = cmdCont(state, false);
+    EXPECT_EQ(Of(changes.enabled, "cmdInst"), false);
+    EXPECT_EQ(Of(changes.enabled, "cmdToOrg"), false);
+
+    state.HideSetName = true;
+    changes = cmdCont(state, true);
+    EXPECT_EQ(Of(changes.enabled, "cmdInst"), true);
+    EXPECT_EQ(Of(changes.enabled, "cmdBackUp"), false);
+    EXPECT_EQ(Of(changes.enabled, "cmdToOrg"), false);
+}
+
+TEST(CommandStates, SituationModeAndAnIntervalLeaveTheCommandsAlone)
+{
+    MainWindowState situation;
+    situation.SituationMode = true;
+    EXPECT_TRUE(cmdCont(situation, true).enabled.empty());
+    MainWindowState autoRandom;
+    autoRandom.AutoRandomInterval = 0.5;
+    EXPECT_TRUE(cmdCont(autoRandom, false).enabled.empty());
+}
+
+TEST(CommandStates, ButtonCtrlLocksTheSetChoiceAndKeepsTheSituationRules)
+{
+    MainWindowState state;
+    auto locked = ButtonCtrl(false, state);
+    for (const char* name :
+         {"optSky", "cmdInst", "cmdInstAndStart", "cmdRandom", "cmdBackUp", "cmdToOrg", "lstSky",
+          "lstSkyFil", "lstClouds", "lstOption", "cmbClouds", "cmbOption", "optFLT"})
+        EXPECT_EQ(Of(locked.enabled, name), false) << name;
+    EXPECT_EQ(Of(locked.enabled, "cmdClose"), std::nullopt);
+
+    auto open = ButtonCtrl(true, state);
+    EXPECT_EQ(Of(open.enabled, "lstSky"), true);
+    EXPECT_EQ(Of(open.enabled, "optFLT"), false); // no situation to choose
+    state.SituationCount = 3;
+    EXPECT_EQ(Of(ButtonCtrl(true, state).enabled, "optFLT"), true);
+
+    state.SituationMode = true;
+    open = ButtonCtrl(true, state);
+    EXPECT_EQ(Of(open.enabled, "cmdBackUp"), false);
+    EXPECT_EQ(Of(open.enabled, "cmdToOrg"), false);
+    EXPECT_EQ(Of(open.enabled, "cmdInst"), true);
+}
+
+TEST(Layout, ShowSkyFilesShowsTheFileListsInsteadOfTheSetListAndFilters)
+{
+    MainWindowState state;
+    state.ShowSkyFiles = true;
+    SkyListLayout layout = LayoutForShowSkyFiles(state);
+    auto visible = Final(layout.changes.visible);
+    for (const char* name : {"cmbClouds", "cmbOption", "lstClouds", "lstOption"})
+        EXPECT_TRUE(visible.at(name)) << name;
+    for (const char* name : {"lstSky", "lstSkyFil", "lblFilter0", "lblFilter1", "lblFilter2",
+                             "lblFilter3", "lblFilter5"})
+        EXPECT_FALSE(visible.at(name)) << name;
+    EXPECT_EQ(visible.count("lblFilter4"), 0u);
+    EXPECT_EQ(layout.situationListTwips, 2085);
+
+    state.ShowSkyFiles = false;
+    layout = LayoutForShowSkyFiles(state);
+    visible = Final(layout.changes.visible);
+    for (const char* name : {"cmbClouds", "cmbOption", "lstClouds", "lstOption", "lstSkyFil"})
+        EXPECT_FALSE(visible.at(name)) << name;
+    for (const char* name : {"lstSky", "lblFilter0", "lblFilter3", "lblFilter5"})
+        EXPECT_TRUE(visible.at(name)) << name;
+    EXPECT_EQ(layout.situationListTwips, 960);
+}
+
+TEST(Layout, TheBackupButtonsFollowBackupOriginals)
+{
+    MainWindowState state;
+    SkyListLayout layout = LayoutForShowSkyFiles(state);
+    EXPECT_EQ(Of(layout.changes.visible, "cmdBackUp"), false);
+    EXPECT_EQ(Of(layout.changes.enabled, "cmdToOrg"), false);
+    state.BackupOriginals = true;
+    layout = LayoutForShowSkyFiles(state);
+    EXPECT_EQ(Of(layout.changes.visible, "cmdToOrg"), true);
+    EXPECT_EQ(Of(layout.changes.enabled, "cmdBackUp"), true);
+}
+
+TEST(Modes, SkyModeBringsBackTheListOfTheLayoutAndTheFilter)
+{
+    MainWindowState state;
+    auto visible = Final(SkyModeControls(state, false).visible);
+    EXPECT_TRUE(visible.at("lstSky"));
+    EXPECT_FALSE(visible.at("lstSkyFil"));
+    EXPECT_FALSE(visible.at("lstFLT"));
+    EXPECT_TRUE(visible.at("lblFilter2"));
+    visible = Final(SkyModeControls(state, true).visible);
+    EXPECT_FALSE(visible.at("lstSky"));
+    EXPECT_TRUE(visible.at("lstSkyFil"));
+
+    state.ShowSkyFiles = true;
+    visible = Final(SkyModeControls(state, true).visible);
+    EXPECT_FALSE(visible.at("lstSkyFil"));
+    EXPECT_TRUE(visible.at("lstClouds"));
+    EXPECT_FALSE(visible.at("lblFilter2"));
+}
+
+TEST(Modes, SituationModeAndTheHiddenPickHideEverySkyList)
+{
+    for (const WindowChanges& changes : {SituationModeControls(), HiddenPickControls()}) {
+        const auto visible = Final(changes.visible);
+        for (const char* name :
+             {"lstSky", "lstSkyFil", "cmbClouds", "cmbOption", "lstClouds", "lstOption",
+              "chkTrailOption", "lblTrailOption", "lblFilter0", "lblFilter5"})
+            EXPECT_FALSE(visible.at(name)) << name;
+        EXPECT_EQ(visible.count("lblFilter4"), 0u);
+        EXPECT_EQ(Of(changes.enabled, "cmdBackUp"), false);
+        EXPECT_EQ(Of(changes.enabled, "cmdToOrg"), false);
+    }
+    EXPECT_EQ(Of(SituationModeControls().visible, "lstFLT"), true);
+    EXPECT_EQ(Of(HiddenPickControls().visible, "lstFLT"), false);
+    EXPECT_EQ(Of(HiddenPickControls().visible, "ImgSky"), false);
+}
+
+TEST(TrailSwitch, ShownUnderTheSetListForAnOptionSetWithFiles)
+{
+    MainWindowState state;
+    TrailSwitch trail = TrailSwitchFor(state, "Bright halo", true);
+    EXPECT_TRUE(trail.visible);
+    EXPECT_EQ(trail.caption, "Bright halo");
+    EXPECT_FALSE(TrailSwitchFor(state, "Empty", false).visible);
+    state.ShowSkyFiles = true;
+    EXPECT_FALSE(TrailSwitchFor(state, "Bright halo", true).visible);
+    state.ShowSkyFiles = false;
+    state.HideSetName = true;
+    EXPECT_FALSE(TrailSwitchFor(state, "Bright halo", true).visible);
+}
+
+TEST(StatusLine, AHiddenPickNeverShowsTheSetName)
+{
+    MainWindowState state;
+    EXPECT_EQ(SetStatusText(state, "Summer haze"), "Summer haze");
+    EXPECT_TRUE(ShowsFileName(state));
+    EXPECT_TRUE(ShowsSetPreview(state));
+    state.HideSetName = true;
+    EXPECT_EQ(SetStatusText(state, "Summer haze"), "Press Install Button.");
+    EXPECT_FALSE(ShowsFileName(state));
+    EXPECT_FALSE(ShowsSetPreview(state));
+    state.HideSetName = false;
+    state.AutoRandomInterval = 1;
+    EXPECT_FALSE(ShowsFileName(state));
+}
+
+TEST(StatusLine, IntervalText)
+{
+    EXPECT_EQ(IntervalText(0), "Off");
+    EXPECT_EQ(IntervalText(0.04), "Off");
+    EXPECT_EQ(IntervalText(0.1), "0.1min");
+    EXPECT_EQ(IntervalText(0.9), "0.9min");
+    EXPECT_EQ(IntervalText(1.0), "1min");
+    // The interval is kept as a single-precision tenth: 1.5 arrives as 1.5000000xx.
+    EXPECT_EQ(IntervalText(static_cast<float>(150) / 10), "15min");
+    EXPECT_EQ(IntervalText(60), "60min");
+}
+
+TEST(HiddenPick, OnlySetsThatTakePartInAutoRandomMayBePicked)
+{
+    EXPECT_EQ(RandomSelectionFlags(kLibrary), (std::vector<bool>{true, true, true, true, false}));
+    EXPECT_TRUE(RandomSelectionFlags({}).empty());
+}
+
+TEST(OptionSets, TheSubFoldersOfTheOptionGroup)
+{
+    test::TempFolder temp;
+    test::FaultyFileOperations files;
+    test::CountingEventPump events;
+    EXPECT_TRUE(OptionSetNames(files, events, temp.path()).empty());
+    temp.write("Texture/Option/Bright halo/halo.bmp");
+    temp.write("Texture/Option/Light rain/rain01.bmp");
+    temp.write("Texture/Option/readme.txt");
+    TextList names = OptionSetNames(files, events, temp.path());
+    std::sort(names.begin(), names.end());
+    EXPECT_EQ(names, (TextList{"Bright halo", "Light rain"}));
+    // The library's folders are found whatever their letter case on disk.
+    test::TempFolder other;
+    other.write("texture/OPTION/Moon/moon.bmp");
+    EXPECT_EQ(OptionSetNames(files, events, other.path()), TextList{"Moon"});
+}
+
+TEST(Availability, CommandsOfLaterWorkStayDisabled)
+{
+    for (const char* name : {"cmdInst", "cmdInstAndStart", "cmdBackUp", "cmdToOrg", "lblTime",
+                             "lblAutoRandom", "mnuSound", "mnuLastInst", "mnuBkAll"})
+        EXPECT_TRUE(AwaitsLaterWork(name)) << name;
+    for (const char* name : {"cmdRandom", "cmdClose", "mnuShowIni", "mnuEndProg", "lstSky",
+                             "lblHelp", "lblOption", "mnuCheckCloudAll"})
+        EXPECT_FALSE(AwaitsLaterWork(name)) << name;
+}
+
+TEST(Availability, ASimulatorChoiceNeedsItsFolder)
+{
+    const auto changes = SimulatorChoices("C:\\FS9", "");
+    EXPECT_EQ(Of(changes.enabled, "optFs0"), true);
+    EXPECT_EQ(Of(changes.enabled, "optFs1"), false);
+}
+
+} // namespace
+} // namespace vellumar
