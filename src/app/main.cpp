@@ -2,13 +2,21 @@
 
 #include "EventPump_qt.h"
 #include "FileOperations.h"
-#include "GetSystemFolders.h"
+#include "FolderBrowser_qt.h"
+#include "Form1.h"
 #include "MessageService_qt.h"
-#include "ResultText.h"
+#include "ProcessLauncher.h"
+#include "Registry.h"
+#include "ScreenFacts_qt.h"
+#include "Services.h"
+#include "SingleInstance.h"
+#include "Skin.h"
+#include "StartUpSequence.h"
 #include "SystemFolders.h"
 
 #include <QApplication>
-#include <QMessageBox>
+#include <QStyleFactory>
+#include <QTimer>
 
 #include <cstdlib>
 
@@ -17,26 +25,44 @@ int main(int argc, char** argv)
     using namespace vellumar;
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Vellumar"));
+    // The skin is drawn for one style on every system, and the window lives on in the
+    // notification area when it is hidden: only Form_Unload ends the program.
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setWindowIcon(skin::AppIcon());
+    QApplication::setQuitOnLastWindowClosed(false);
 
-    QtMessageService messages;
-    const auto systemFolders = CreatePlatformSystemFolders();
-    SystemPaths paths;
-    if (IsError(GetSystemFolders(*systemFolders, messages, paths)))
-        return EXIT_FAILURE;
-
-    if (qEnvironmentVariableIntValue("VELLUMAR_EXIT_WHEN_READY") == 1)
+    // A second copy ends without a word; the first one carries on.
+    const auto instance = CreateSingleInstanceLock();
+    if (!instance->acquire())
         return EXIT_SUCCESS;
 
-    // Until the main window arrives, the program shows the folders it will work with.
-    const QString text =
-        QStringLiteral("Vellumar has found its folders. The main window with the texture "
-                       "library is not part of this build yet.\n\n") +
-        QStringLiteral("Program folder:\n%1\n\nWindows folder:\n%2\n\nDocuments:\n%3\n\n"
-                       "Application data:\n%4")
-            .arg(QString::fromStdString(systemFolders->programFolder()),
-                 QString::fromStdString(paths.WindowsPath),
-                 QString::fromStdString(paths.MyDocumentsPath),
-                 QString::fromStdString(paths.AppDataPath));
-    QMessageBox::information(nullptr, QStringLiteral("Vellumar"), text);
-    return EXIT_SUCCESS;
+    QtMessageService messages;
+    QtEventPump events;
+    QtFolderBrowser folderBrowser;
+    const auto files = CreatePlatformFileOperations();
+    const auto registry = CreatePlatformRegistry();
+    const auto systemFolders = CreatePlatformSystemFolders();
+    const auto launcher = CreatePlatformProcessLauncher();
+    Services services{messages,       events,    *files,       *registry,
+                      *systemFolders, *launcher, folderBrowser};
+
+    const ScreenFacts screen = ReadScreenFacts();
+    ProgramState state;
+    if (RunStartUpSequence(services, screen, state) == StartUpOutcome::EndProgram)
+        return EXIT_FAILURE;
+
+    Form1 window(services, state, screen);
+    messages.setMainWindow(&window);
+    messages.setFixedFontName(state.checks.FixFont);
+    folderBrowser.setOwner(&window);
+    QObject::connect(&window, &Form1::unloaded, &application, &QCoreApplication::quit);
+    QObject::connect(&window, &Form1::programEnded, &application,
+                     [] { QCoreApplication::exit(EXIT_FAILURE); });
+    window.Form_Load();
+    window.show();
+
+    // Benchmarks and smoke tests stop here, once the window stands ready.
+    if (qEnvironmentVariableIntValue("VELLUMAR_EXIT_WHEN_READY") == 1)
+        QTimer::singleShot(0, &application, &QCoreApplication::quit);
+    return application.exec();
 }

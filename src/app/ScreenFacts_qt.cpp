@@ -1,0 +1,24 @@
+#include "ScreenFacts_qt.h"
+
+#include <QFontDatabase>
+#include <QGuiApplication>
+#include <QScreen>
+
+#include <cmath>
+
+namespace vellumar {
+
+ScreenFacts ReadScreenFacts()
+{
+    ScreenFacts facts;
+    // With high-DPI scaling the toolkit reports the scaled screen as 96 logical pixels per
+    // inch, and the windows scale themselves; only a screen that really runs larger fonts
+    // reports more.
+    if (const QScreen* screen = QGuiApplication::primaryScreen())
+        facts.logicalDpiY = static_cast<int>(std::lround(screen->logicalDotsPerInchY()));
+    for (const QString& family : QFontDatabase::families())
+        facts.installedFonts.push_back(family.toStdString());
+    return facts;
+}
+
+} // namespace vellumar

@@ -1,0 +1,973 @@
+#include "Form1.h"
+
+#include "ApplyProportionalFont.h"
+#include "ArrowComboBox.h"
+#include "ClickableLabel.h"
+#include "CloudIni.h"
+#include "DataFolderChecks.h"
+#include "FileHelpers.h"
+#include "PathText.h"
+#include "PictureButton.h"
+#include "PictureView.h"
+#include "ProcessLauncher.h"
+#include "ResultText.h"
+#include "Services.h"
+#include "SetCatalogue.h"
+#include "Skin.h"
+#include "SkyBand.h"
+#include "StartUpSequence.h"
+#include "TickBox.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QRadioButton>
+#include <QScreen>
+#include <QSignalBlocker>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <QWindow>
+
+namespace vellumar {
+
+namespace {
+
+constexpr int kTwipsPerPixel = 15;
+// The set area: one list of sets, or the file lists of a set and an option set side by side.
+constexpr int kSetListWidth = 286;
+constexpr int kFileListWidth = 204;
+constexpr int kSetAreaHeight = 262;
+
+QString Text(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+template <typename Widget>
+Widget* Named(Widget* widget, const char* name)
+{
+    widget->setObjectName(QString::fromLatin1(name));
+    return widget;
+}
+
+QAction* AddItem(QMenu* menu, const char* name, const char* caption)
+{
+    QAction* action = menu->addAction(QString::fromUtf8(caption));
+    action->setObjectName(QString::fromLatin1(name));
+    action->setEnabled(!AwaitsLaterWork(name));
+    return action;
+}
+
+QMenu* NewMenu(QWidget* owner, const char* name)
+{
+    auto* menu = new QMenu(owner);
+    menu->setObjectName(QString::fromLatin1(name));
+    return menu;
+}
+
+QListWidget* NewList(const char* name)
+{
+    auto* list = Named(new QListWidget, name);
+    list->setSelectionMode(QAbstractItemView::SingleSelection);
+    list->setUniformItemSizes(true);
+    return list;
+}
+
+TickList ReadTicks(const QListWidget* list)
+{
+    TickList ticks;
+    ticks.reserve(static_cast<std::size_t>(list->count()));
+    for (int row = 0; row < list->count(); ++row) {
+        const QListWidgetItem* item = list->item(row);
+        ticks.emplace_back(item->text().toStdString(), item->checkState() == Qt::Checked);
+    }
+    return ticks;
+}
+
+void WriteTicks(QListWidget* list, const TickList& ticks)
+{
+    const QSignalBlocker quiet(list);
+    for (int row = 0; row < list->count() && static_cast<std::size_t>(row) < ticks.size(); ++row)
+        list->item(row)->setCheckState(ticks[static_cast<std::size_t>(row)].second ? Qt::Checked
+                                                                                   : Qt::Unchecked);
+}
+
+void FillTicks(QListWidget* list, const TextList& names, bool ticked)
+{
+    const QSignalBlocker quiet(list);
+    list->clear();
+    for (const std::string& name : names) {
+        auto* item = new QListWidgetItem(QString::fromStdString(name), list);
+        item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
+        item->setCheckState(ticked ? Qt::Checked : Qt::Unchecked);
+    }
+}
+
+// The text colour of an enabled control; a disabled one keeps the panel's grey.
+void SetInk(QWidget* widget, const QColor& ink)
+{
+    QPalette colours = widget->palette();
+    colours.setColor(QPalette::Active, QPalette::WindowText, ink);
+    colours.setColor(QPalette::Inactive, QPalette::WindowText, ink);
+    widget->setPalette(colours);
+}
+
+} // namespace
+
+Form1::Form1(Services& services, ProgramState& state, const ScreenFacts& screen,
+             std::function<double()> uniform, QWidget* parent)
+    : QWidget(parent, Qt::Window | Qt::FramelessWindowHint | Qt::WindowMinimizeButtonHint)
+    , services_(services)
+    , state_(state)
+    , screen_(screen)
+    , picker_(std::move(uniform))
+{
+    setObjectName(QStringLiteral("Form1"));
+    setWindowIcon(skin::AppIcon());
+    setPalette(skin::PanelPalette());
+    setAutoFillBackground(false);
+    setStyleSheet(skin::PanelStyleSheet());
+    CreateControls();
+    CreateMenus();
+    Connect();
+}
+
+Form1::~Form1() = default;
+
+void Form1::CreateControls()
+{
+    auto* root = new QVBoxLayout(this);
+    root->setContentsMargins(1, 1, 1, 1);
+    root->setSpacing(0);
+
+    // The sky band: the program's name, and the keys that hide and close the window.
+    auto* band = Named(new SkyBand, "SkyBand");
+    band->setFixedHeight(46);
+    auto* bandRow = new QHBoxLayout(band);
+    bandRow->setContentsMargins(12, 0, 9, 2);
+    bandRow->setSpacing(8);
+    auto* icon = new QLabel;
+    icon->setFixedSize(26, 26);
+    icon->setPixmap(skin::AppIcon().pixmap(QSize(26, 26), devicePixelRatioF()));
+    lblAppName_ = Named(new QLabel, "lblAppName");
+    QFont titleFont = lblAppName_->font();
+    titleFont.setPointSizeF(titleFont.pointSizeF() * 1.25);
+    titleFont.setBold(true);
+    lblAppName_->setFont(titleFont);
+    SetInk(lblAppName_, Qt::white);
+    cmdMin_ =
+        Named(new PictureButton(PictureButton::Glyph::Minimise, {}, PictureButton::Kind::TitleBar),
+              "cmdMin");
+    cmdClose_ =
+        Named(new PictureButton(PictureButton::Glyph::Close, {}, PictureButton::Kind::TitleBar),
+              "cmdClose");
+    bandRow->addWidget(icon);
+    bandRow->addWidget(lblAppName_);
+    bandRow->addStretch();
+    bandRow->addWidget(cmdMin_);
+    bandRow->addWidget(cmdClose_);
+    root->addWidget(band);
+
+    auto* body = new QVBoxLayout;
+    body->setContentsMargins(14, 10, 14, 12);
+    body->setSpacing(8);
+    root->addLayout(body);
+
+    // Mode and simulator choices.
+    auto* modeRow = new QHBoxLayout;
+    modeRow->setSpacing(14);
+    optSky_ = Named(new QRadioButton(QStringLiteral("Sky")), "optSky");
+    optFLT_ = Named(new QRadioButton(QStringLiteral("Situation")), "optFLT");
+    optSky_->setChecked(true);
+    auto* modeGroup = new QWidget;
+    auto* modeLayout = new QHBoxLayout(modeGroup);
+    modeLayout->setContentsMargins(0, 0, 0, 0);
+    modeLayout->setSpacing(14);
+    modeLayout->addWidget(optSky_);
+    modeLayout->addWidget(optFLT_);
+    optFs_[0] = Named(new QRadioButton(QStringLiteral("FS2K")), "optFs0");
+    optFs_[1] = Named(new QRadioButton(QStringLiteral("CFS2")), "optFs1");
+    // Two groups of radio buttons: each pair excludes within itself only.
+    auto* fsGroup = new QWidget;
+    auto* fsLayout = new QHBoxLayout(fsGroup);
+    fsLayout->setContentsMargins(0, 0, 0, 0);
+    fsLayout->setSpacing(14);
+    fsLayout->addWidget(optFs_[0]);
+    fsLayout->addWidget(optFs_[1]);
+    modeRow->addWidget(modeGroup);
+    modeRow->addStretch();
+    modeRow->addWidget(fsGroup);
+    body->addLayout(modeRow);
+
+    // The set filters under their heading.
+    auto* filterRow = new QHBoxLayout;
+    filterRow->setSpacing(16);
+    for (int index = 0; index < SetFilter::Count; ++index) {
+        lblFilter_[static_cast<std::size_t>(index)] =
+            Named(new ClickableLabel(Text(FilterCaption(index))), FilterLabelName(index).c_str());
+    }
+    ClickableLabel* heading = lblFilter_[SetFilter::Heading];
+    heading->setInteractive(false);
+    QFont headingFont = heading->font();
+    headingFont.setBold(true);
+    heading->setFont(headingFont);
+    lblFunc_ = Named(new QLabel, "lblFunc");
+    lblFunc_->setFont(headingFont);
+    lblFunc_->hide();
+    filterRow->addWidget(heading);
+    filterRow->addWidget(lblFunc_);
+    filterRow->addSpacing(4);
+    for (int index : {SetFilter::All, SetFilter::Cumulus, SetFilter::Cirrus, SetFilter::SkyColor,
+                      SetFilter::Misc})
+        filterRow->addWidget(lblFilter_[static_cast<std::size_t>(index)]);
+    filterRow->addStretch();
+    body->addLayout(filterRow);
+
+    // The set area and, beside it, the preview with the commands.
+    auto* mainRow = new QHBoxLayout;
+    mainRow->setSpacing(14);
+    listArea_ = Named(new QWidget, "SetArea");
+    auto* area = new QVBoxLayout(listArea_);
+    area->setContentsMargins(0, 0, 0, 0);
+    area->setSpacing(6);
+    lstSky_ = NewList("lstSky");
+    lstSkyFil_ = NewList("lstSkyFil");
+    lstFLT_ = NewList("lstFLT");
+    // The file lists of the set and of the option set, each under its combo.
+    filePanel_ = new QWidget;
+    auto* files = new QGridLayout(filePanel_);
+    files->setContentsMargins(0, 0, 0, 0);
+    files->setHorizontalSpacing(10);
+    files->setVerticalSpacing(6);
+    cmbClouds_ = Named(new ArrowComboBox, "cmbClouds");
+    cmbOption_ = Named(new ArrowComboBox, "cmbOption");
+    lstClouds_ = NewList("lstClouds");
+    lstOption_ = NewList("lstOption");
+    for (QComboBox* combo : {cmbClouds_, cmbOption_}) {
+        combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+        combo->setMinimumContentsLength(8);
+    }
+    for (QListWidget* list : {lstClouds_, lstOption_}) {
+        list->setContextMenuPolicy(Qt::CustomContextMenu);
+        list->setItemDelegate(new TickDelegate(list));
+    }
+    files->addWidget(cmbClouds_, 0, 0);
+    files->addWidget(cmbOption_, 0, 1);
+    files->addWidget(lstClouds_, 1, 0);
+    files->addWidget(lstOption_, 1, 1);
+    area->addWidget(filePanel_, 1);
+    area->addWidget(lstSky_, 1);
+    area->addWidget(lstSkyFil_, 1);
+    area->addWidget(lstFLT_, 1);
+    lstSkyFil_->hide();
+    lstFLT_->hide();
+    auto* trailRow = new QHBoxLayout;
+    trailRow->setSpacing(6);
+    chkTrailOption_ = Named(new TickCheckBox, "chkTrailOption");
+    lblTrailOption_ = Named(new QLabel, "lblTrailOption");
+    SetInk(lblTrailOption_, skin::PanelTextDim());
+    trailRow->addWidget(chkTrailOption_);
+    trailRow->addWidget(lblTrailOption_, 1);
+    area->addLayout(trailRow);
+    mainRow->addWidget(listArea_, 1);
+
+    auto* side = new QVBoxLayout;
+    side->setSpacing(8);
+    ImgSky_ = Named(new PictureView, "ImgSky");
+    ImgSky_->setFixedSize(ImgSky_->sizeHint());
+    side->addWidget(ImgSky_);
+    auto* keys = new QGridLayout;
+    keys->setHorizontalSpacing(8);
+    keys->setVerticalSpacing(8);
+    using Glyph = PictureButton::Glyph;
+    cmdInst_ = Named(new PictureButton(Glyph::Install, QStringLiteral("Install")), "cmdInst");
+    cmdRandom_ = Named(new PictureButton(Glyph::Random, QStringLiteral("Random")), "cmdRandom");
+    cmdInstAndStart_ =
+        Named(new PictureButton(Glyph::InstallAndStart, QStringLiteral("Install && Start"),
+                                PictureButton::Kind::Primary),
+              "cmdInstAndStart");
+    cmdBackUp_ = Named(new PictureButton(Glyph::Backup, QStringLiteral("Backup")), "cmdBackUp");
+    cmdToOrg_ = Named(new PictureButton(Glyph::Restore, QStringLiteral("Restore")), "cmdToOrg");
+    keys->addWidget(cmdInst_, 0, 0);
+    keys->addWidget(cmdRandom_, 0, 1);
+    keys->addWidget(cmdInstAndStart_, 1, 0, 1, 2);
+    keys->addWidget(cmdBackUp_, 2, 0);
+    keys->addWidget(cmdToOrg_, 2, 1);
+    side->addLayout(keys);
+    side->addStretch();
+    mainRow->addLayout(side);
+    body->addLayout(mainRow, 1);
+
+    // The instrument strip: the status readout, then AutoRandom, the menu and help.
+    lblMsg_ = Named(new ReadoutLabel(skin::ReadoutAmber()), "lblMsg");
+    lblMsg_->setMinimumHeight(28);
+    lblMsg_->setTextFormat(Qt::PlainText);
+    body->addSpacing(2);
+    body->addWidget(lblMsg_);
+    auto* bottomRow = new QHBoxLayout;
+    bottomRow->setSpacing(10);
+    lblAutoRandom_ = Named(new ClickableLabel(QStringLiteral("Auto Install")), "lblAutoRandom");
+    lblTime_ = Named(new ReadoutLabel(skin::ReadoutGreen()), "lblTime");
+    lblTime_->setAlignment(Qt::AlignCenter);
+    lblTime_->setMinimumWidth(70);
+    lblTime_->setMinimumHeight(24);
+    lblTime_->setInteractive(true);
+    lblOption_ = Named(new ClickableLabel(QStringLiteral("Option")), "lblOption");
+    lblHelp_ = Named(new ClickableLabel(QStringLiteral("Help")), "lblHelp");
+    for (ClickableLabel* label : {lblOption_, lblHelp_, lblAutoRandom_})
+        SetInk(label, skin::FilterColour());
+    bottomRow->addWidget(lblAutoRandom_);
+    bottomRow->addWidget(lblTime_);
+    bottomRow->addStretch();
+    bottomRow->addWidget(lblOption_);
+    bottomRow->addSpacing(8);
+    bottomRow->addWidget(lblHelp_);
+    body->addLayout(bottomRow);
+
+    PIC_ = new QSystemTrayIcon(this);
+    PIC_->setObjectName(QStringLiteral("PIC"));
+    Timer1_ = Named(new QTimer(this), "Timer1");
+    Timer1_->setInterval(200);
+    tmrFsCheck2_ = Named(new QTimer(this), "tmrFsCheck2");
+    tmrFsCheck2_->setInterval(1000);
+
+    for (const char* name :
+         {"cmdInst", "cmdInstAndStart", "cmdBackUp", "cmdToOrg", "lblAutoRandom", "lblTime"})
+        findChild<QWidget*>(QString::fromLatin1(name))->setEnabled(false);
+    ShowFilterColours(SetFilter::All);
+}
+
+void Form1::CreateMenus()
+{
+    mnuPopUpClearSituaion_ = NewMenu(this, "mnuPopUpClearSituaion");
+    AddItem(mnuPopUpClearSituaion_, "mnuClearSituation2", "Clear Situation");
+
+    mnuPopUpStartMode_ = NewMenu(this, "mnuPopUpStartMode");
+    AddItem(mnuPopUpStartMode_, "mnuNotStartFs", "Activate Auto Install Without Starting Fs");
+    AddItem(mnuPopUpStartMode_, "mnuCancel", "Cancel");
+
+    mnuPopUpCloud_ = NewMenu(this, "mnuPopUpCloud");
+    connect(AddItem(mnuPopUpCloud_, "mnuClearCloudAll", "Clear Check All"), &QAction::triggered,
+            this, [this] { mnuCheckAll(lstClouds_, false); });
+    connect(AddItem(mnuPopUpCloud_, "mnuCheckCloudAll", "Check All"), &QAction::triggered, this,
+            [this] { mnuCheckAll(lstClouds_, true); });
+
+    mnuPopUpOption_ = NewMenu(this, "mnuPopUpOption");
+    connect(AddItem(mnuPopUpOption_, "mnuClearOptionAll", "Clear Check All"), &QAction::triggered,
+            this, [this] { mnuCheckAll(lstOption_, false); });
+    connect(AddItem(mnuPopUpOption_, "mnuCheckOptionAll", "Check All"), &QAction::triggered, this,
+            [this] { mnuCheckAll(lstOption_, true); });
+
+    mnuPopUpBkAll_ = NewMenu(this, "mnuPopUpBkAll");
+    AddItem(mnuPopUpBkAll_, "mnuBkAll", "Re-backup all set again");
+
+    mnuPopUpTaskTray_ = NewMenu(this, "mnuPopUpTaskTray");
+    connect(AddItem(mnuPopUpTaskTray_, "mnuEndProg", "Close Vellumar"), &QAction::triggered, this,
+            &Form1::mnuEndProg_Click);
+
+    mnuPopUpForm_ = NewMenu(this, "mnuPopUpForm");
+    const struct {
+        const char* name;
+        const char* caption;
+    } formItems[] = {{"mnuTime", "Stop FS Time"},        {"mnuClearSituation", "Clear Situation"},
+                     {"mnuShowIni", "Show cloud.ini"},   {"mnuSound", "Sound"},
+                     {"mnuWeather", "Weather Setting"},  {"mnuLastInst", "Last Installed Data"},
+                     {"mnuStopRefresh", "Stop Refresh"}, {"mnuHelp", "Help"}};
+    bool first = true;
+    for (const auto& item : formItems) {
+        if (!first)
+            mnuPopUpForm_->addSeparator();
+        first = false;
+        QAction* action = AddItem(mnuPopUpForm_, item.name, item.caption);
+        const std::string_view name = item.name;
+        // These items never had an action; a menu entry that does nothing only misleads.
+        if (name == "mnuTime" || name == "mnuWeather" || name == "mnuStopRefresh" ||
+            name == "mnuHelp")
+            action->setVisible(false);
+        if (name == "mnuShowIni")
+            connect(action, &QAction::triggered, this, &Form1::mnuShowIni_Click);
+    }
+
+    PIC_->setContextMenu(mnuPopUpTaskTray_);
+}
+
+void Form1::Connect()
+{
+    connect(cmdClose_, &QAbstractButton::clicked, this, &Form1::cmdClose_Click);
+    connect(cmdMin_, &QAbstractButton::clicked, this, &Form1::cmdMin_Click);
+    connect(cmdRandom_, &QAbstractButton::clicked, this, &Form1::cmdRandom_Click);
+    connect(cmdInstAndStart_, &PictureButton::rightPressed, this,
+            [this](const QPoint& at) { PopUp(mnuPopUpStartMode_, at); });
+    connect(cmdBackUp_, &PictureButton::rightPressed, this,
+            [this](const QPoint& at) { PopUp(mnuPopUpBkAll_, at); });
+
+    connect(optSky_, &QRadioButton::clicked, this, &Form1::optSky_Click);
+    connect(optFLT_, &QRadioButton::clicked, this, &Form1::optFLT_Click);
+    optFLT_->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(optFLT_, &QWidget::customContextMenuRequested, this,
+            [this](const QPoint& at) { PopUp(mnuPopUpClearSituaion_, optFLT_->mapToGlobal(at)); });
+    for (int index = 0; index < 2; ++index)
+        connect(optFs_[static_cast<std::size_t>(index)], &QRadioButton::clicked, this,
+                [this, index] { optFs_Click(index); });
+
+    connect(lstSky_, &QListWidget::currentRowChanged, this, &Form1::LstSky_Click);
+    connect(lstSkyFil_, &QListWidget::currentRowChanged, this, &Form1::lstSkyFil_Click);
+    connect(cmbClouds_, &QComboBox::activated, this, &Form1::cmbClouds_Click);
+    connect(cmbOption_, &QComboBox::activated, this, &Form1::cmbOption_Click);
+    connect(lstClouds_, &QListWidget::itemChanged, this, &Form1::lstClouds_Click);
+    connect(lstClouds_, &QListWidget::itemClicked, this, &Form1::lstClouds_Click);
+    connect(lstOption_, &QListWidget::itemChanged, this, &Form1::lstOption_Click);
+    connect(lstOption_, &QListWidget::itemClicked, this, &Form1::lstOption_Click);
+    connect(lstClouds_, &QWidget::customContextMenuRequested, this, [this](const QPoint& at) {
+        if (lstClouds_->count() > 0)
+            PopUp(mnuPopUpCloud_, lstClouds_->viewport()->mapToGlobal(at));
+    });
+    connect(lstOption_, &QWidget::customContextMenuRequested, this, [this](const QPoint& at) {
+        if (lstOption_->count() > 0)
+            PopUp(mnuPopUpOption_, lstOption_->viewport()->mapToGlobal(at));
+    });
+    connect(chkTrailOption_, &QCheckBox::clicked, this, &Form1::chkTrailOption_Click);
+
+    for (int index = 0; index < SetFilter::Count; ++index)
+        connect(lblFilter_[static_cast<std::size_t>(index)], &ClickableLabel::clicked, this,
+                [this, index] { lblFilter_Click(index); });
+    connect(lblHelp_, &ClickableLabel::clicked, this, &Form1::lblHelp_Click);
+    connect(lblOption_, &ClickableLabel::clicked, this, &Form1::lblOption_Click);
+
+    connect(PIC_, &QSystemTrayIcon::activated, this, &Form1::PIC_Activated);
+}
+
+const std::vector<TextureSetEntry>& Form1::Sets() const
+{
+    return state_.settings.Sets;
+}
+
+// ---------------------------------------------------------------------------------------------
+// Start-up
+
+void Form1::Form_Load()
+{
+    ShowConfiguration();
+
+    // A missing help folder leaves nothing to open.
+    lblHelp_->setEnabled(IsOK(FolderExists(services_.files, HelpFolder(state_.paths.ProgramPath))));
+
+    // Situations: their list is filled by the situation work, which is not part of this build,
+    // so the situation choice (ButtonCtrl below) stays off until it has something to show.
+    windowState_.SituationCount = lstFLT_->count();
+
+    ApplyProportionalFont(*this, state_.checks.ProportionalFont);
+
+    // AutoRandom starts switched off: every load of the configuration sets the interval to 0.
+    Timer1_->stop();
+    lblTime_->setText(Text(IntervalText(windowState_.AutoRandomInterval)));
+    ButtonCtrl(true);
+    cmdCont();
+    if (!state_.settings.SituationEnabled)
+        optFLT_->setEnabled(false);
+    if (windowState_.HideSetName) {
+        ShowStatus(std::string(kPressInstallText));
+        lblMsg_->show();
+    } else if (optSky_->isChecked()) {
+        ShowStatus(cmbClouds_->currentText().toStdString());
+    }
+    windowState_.AutoRandomInterval = 0;
+
+    if (state_.settings.StartSel == "situation" && optFLT_->isEnabled()) {
+        optFLT_->setChecked(true);
+        optFLT_Click();
+    }
+    FitWindowToContents();
+    // A borderless window gets no place from every window manager; it opens mid-screen.
+    if (const QScreen* shownOn = screen())
+        move(shownOn->availableGeometry().center() - rect().center());
+}
+
+void Form1::ShowConfiguration()
+{
+    const CloudIniSettings& settings = state_.settings;
+    setWindowTitle(QString::fromStdString(settings.AppName));
+    lblAppName_->setText(QString::fromStdString(settings.AppName));
+
+    Apply(SimulatorChoices(state_.paths.FsPaths[0], state_.paths.FsPaths[1]));
+    {
+        const QSignalBlocker quiet(optFs_[static_cast<std::size_t>(state_.paths.FsIndex & 1)]);
+        optFs_[static_cast<std::size_t>(state_.paths.FsIndex & 1)]->setChecked(true);
+    }
+
+    for (QWidget* control : findChildren<QWidget*>())
+        control->setToolTip({});
+    for (const auto& [name, tip] : settings.ToolTips)
+        if (auto* control = findChild<QWidget*>(QString::fromStdString(name)))
+            control->setToolTip(QString::fromStdString(tip));
+
+    {
+        const QSignalBlocker quietList(lstSky_);
+        const QSignalBlocker quietCombo(cmbClouds_);
+        lstSky_->clear();
+        cmbClouds_->clear();
+        for (const TextureSetEntry& set : settings.Sets) {
+            lstSky_->addItem(QString::fromStdString(set.name));
+            cmbClouds_->addItem(QString::fromStdString(set.name));
+        }
+    }
+
+    windowState_.ShowSkyFiles = settings.ShowSkyFiles;
+    windowState_.BackupOriginals = settings.BackupOriginals;
+    const SkyListLayout layout = LayoutForShowSkyFiles(windowState_);
+    Apply(layout.changes);
+    filtered_ = false;
+    ShowFilterColours(SetFilter::All);
+    lstFLT_->setMinimumHeight(layout.situationListTwips / kTwipsPerPixel);
+    listArea_->setMinimumSize(windowState_.ShowSkyFiles ? 2 * kFileListWidth + 10 : kSetListWidth,
+                              kSetAreaHeight);
+
+    if (!settings.Sets.empty()) {
+        cmbClouds_Click(0);
+        LstSky_Click(0);
+    } else {
+        ShowTrailSwitch();
+    }
+}
+
+void Form1::FitWindowToContents()
+{
+    setMinimumSize(0, 0);
+    setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    layout()->activate();
+    setFixedSize(sizeHint());
+}
+
+// ---------------------------------------------------------------------------------------------
+// Set choice
+
+void Form1::LstSky_Click(int row)
+{
+    if (row < 0 || row >= lstSky_->count())
+        return;
+    if (row != cmbClouds_->currentIndex())
+        cmbClouds_Click(row);
+    ShowTrailSwitch();
+}
+
+void Form1::lstSkyFil_Click(int row)
+{
+    if (lstSkyFil_->count() == 0 || row < 0 ||
+        static_cast<std::size_t>(row) >= filteredSets_.size())
+        return;
+    const int set = filteredSets_[static_cast<std::size_t>(row)];
+    {
+        const QSignalBlocker quiet(lstSky_);
+        lstSky_->setCurrentRow(set);
+    }
+    LstSky_Click(set);
+}
+
+void Form1::cmbClouds_Click(int index)
+{
+    if (index < 0 || static_cast<std::size_t>(index) >= Sets().size())
+        return;
+    const TextureSetEntry& set = Sets()[static_cast<std::size_t>(index)];
+    {
+        const QSignalBlocker quietCombo(cmbClouds_);
+        const QSignalBlocker quietList(lstSky_);
+        cmbClouds_->setCurrentIndex(index);
+        lstSky_->setCurrentRow(index);
+    }
+    const SetFolderFiles files = ScanSetFolder(services_.files, services_.events, set.folder);
+    FillTicks(lstClouds_, ListSetFiles(files), true);
+    {
+        const QSignalBlocker quiet(cmbOption_);
+        cmbOption_->clear();
+        for (const std::string& name :
+             OptionSetNames(services_.files, services_.events, state_.paths.DataFolder))
+            cmbOption_->addItem(QString::fromStdString(name));
+        cmbOption_->setCurrentIndex(cmbOption_->count() > 0 ? 0 : -1);
+    }
+    FillTicks(lstOption_, {}, false);
+
+    ImgSky_->clear();
+    const std::string preview = PreviewPictureOf(files);
+    if (!preview.empty() && ShowsSetPreview(windowState_))
+        ImgSky_->ShowPicture(services_.files, JoinPath(set.folder, preview),
+                             state_.settings.StretchMode);
+    ShowStatus(SetStatusText(windowState_, set.name));
+    cmdCont();
+}
+
+std::string Form1::CurrentOptionSetFolder() const
+{
+    if (cmbOption_->currentIndex() < 0)
+        return {};
+    return JoinPath(OptionGroupFolder(state_.paths.DataFolder),
+                    cmbOption_->currentText().toStdString());
+}
+
+void Form1::cmbOption_Click(int index)
+{
+    if (index < 0)
+        return;
+    ShowStatus(cmbOption_->itemText(index).toStdString());
+    const SetFolderFiles files =
+        ScanSetFolder(services_.files, services_.events, CurrentOptionSetFolder());
+    FillTicks(lstOption_, ListOptionFiles(files), false);
+    cmdCont();
+}
+
+void Form1::ShowTrailSwitch()
+{
+    const std::string folder = CurrentOptionSetFolder();
+    const bool hasFiles =
+        !folder.empty() &&
+        !ListOptionFiles(ScanSetFolder(services_.files, services_.events, folder)).empty();
+    const TrailSwitch trail =
+        TrailSwitchFor(windowState_, cmbOption_->currentText().toStdString(), hasFiles);
+    chkTrailOption_->setChecked(false);
+    lblTrailOption_->setText(QString::fromStdString(trail.caption));
+    chkTrailOption_->setVisible(trail.visible);
+    lblTrailOption_->setVisible(trail.visible);
+}
+
+void Form1::chkTrailOption_Click(bool checked)
+{
+    // With only the set list shown, the switch takes the option set's bitmaps along.
+    if (lstOption_->count() == 0 && cmbOption_->currentIndex() >= 0) {
+        const SetFolderFiles files =
+            ScanSetFolder(services_.files, services_.events, CurrentOptionSetFolder());
+        FillTicks(lstOption_, ListOptionFiles(files), false);
+    }
+    TickList options = ReadTicks(lstOption_);
+    for (auto& entry : options)
+        entry.second = checked;
+    WriteTicks(lstOption_, options);
+    TickList clouds = ReadTicks(lstClouds_);
+    MirrorTicks(options, clouds);
+    WriteTicks(lstClouds_, clouds);
+    cmdCont();
+}
+
+void Form1::lstClouds_Click(QListWidgetItem* item)
+{
+    if (item && ShowsFileName(windowState_))
+        ShowStatus(item->text().toStdString());
+    TickList options = ReadTicks(lstOption_);
+    MirrorTicks(ReadTicks(lstClouds_), options);
+    WriteTicks(lstOption_, options);
+    cmdCont();
+}
+
+void Form1::lstOption_Click(QListWidgetItem* item)
+{
+    if (item && ShowsFileName(windowState_))
+        ShowStatus(item->text().toStdString());
+    TickList clouds = ReadTicks(lstClouds_);
+    MirrorTicks(ReadTicks(lstOption_), clouds);
+    WriteTicks(lstClouds_, clouds);
+    cmdCont();
+}
+
+void Form1::mnuCheckAll(QListWidget* list, bool ticked)
+{
+    TickList ticks = ReadTicks(list);
+    for (auto& entry : ticks)
+        entry.second = ticked;
+    WriteTicks(list, ticks);
+    if (list == lstClouds_)
+        lstClouds_Click(nullptr);
+    else
+        lstOption_Click(nullptr);
+}
+
+// ---------------------------------------------------------------------------------------------
+// Filters and modes
+
+void Form1::lblFilter_Click(int index)
+{
+    const FilterChoice choice = ChooseFilter(index, windowState_, Sets());
+    if (!choice.applies)
+        return;
+    ShowFilterColours(choice.chosen);
+    if (choice.filtered.empty()) {
+        if (lstSky_->count() > 0) {
+            {
+                const QSignalBlocker quiet(lstSky_);
+                lstSky_->setCurrentRow(0);
+            }
+            LstSky_Click(0);
+        }
+        filtered_ = false;
+    } else {
+        if (choice.switchAutoRandomOff)
+            AutoRandomOff();
+        filteredSets_ = choice.indices;
+        {
+            const QSignalBlocker quiet(lstSkyFil_);
+            lstSkyFil_->clear();
+            for (const std::string& name : choice.filtered)
+                lstSkyFil_->addItem(QString::fromStdString(name));
+            lstSkyFil_->setCurrentRow(0);
+        }
+        lstSkyFil_Click(0);
+        filtered_ = true;
+    }
+    if (!windowState_.ShowSkyFiles && !windowState_.SituationMode) {
+        lstSky_->setVisible(!filtered_);
+        lstSkyFil_->setVisible(filtered_);
+    }
+}
+
+void Form1::ShowFilterColours(int chosen)
+{
+    for (int index = 0; index < SetFilter::Count; ++index)
+        SetInk(lblFilter_[static_cast<std::size_t>(index)],
+               index == chosen ? skin::FilterChosenColour() : skin::FilterColour());
+}
+
+void Form1::optSky_Click()
+{
+    windowState_.SituationMode = false;
+    Apply(SkyModeControls(windowState_, filtered_));
+    ShowTrailSwitch();
+    cmbClouds_Click(cmbClouds_->currentIndex());
+}
+
+void Form1::optFLT_Click()
+{
+    windowState_.HideSetName = false;
+    windowState_.SituationMode = true;
+    Apply(SituationModeControls());
+    lblFunc_->setText(QStringLiteral("Situation"));
+    ShowStatus({});
+}
+
+void Form1::optFs_Click(int index)
+{
+    if (index == state_.paths.FsIndex)
+        return;
+    if (vellumar::optFs_Click(services_, screen_, state_, index) == LoadOutcome::EndProgram) {
+        Q_EMIT programEnded();
+        return;
+    }
+    ShowConfiguration();
+    ButtonCtrl(true);
+    cmdCont();
+    FitWindowToContents();
+}
+
+// ---------------------------------------------------------------------------------------------
+// Commands
+
+void Form1::cmdRandom_Click()
+{
+    windowState_.HideSetName = true;
+    optSky_->setChecked(true);
+    optSky_Click();
+    Apply(HiddenPickControls());
+    if (Sets().empty())
+        return;
+    ShowStatus({});
+    const int last = static_cast<int>(Sets().size()) - 1;
+    const int pick = picker_.PickRandomSet(0, last, RandomSelectionFlags(Sets()), services_.events);
+    cmbClouds_Click(pick);
+    ImgSky_->clear();
+    ImgSky_->show();
+    ShowStatus(std::string(kPressInstallText));
+}
+
+void Form1::cmdMin_Click()
+{
+    // Without a notification area a hidden window could not be found again.
+    if (QSystemTrayIcon::isSystemTrayAvailable() && PIC_->isVisible())
+        hide();
+    else
+        showMinimized();
+}
+
+void Form1::cmdClose_Click()
+{
+    Timer1_->stop();
+    close();
+}
+
+void Form1::lblHelp_Click()
+{
+    const std::string folder = HelpFolder(state_.paths.ProgramPath);
+    if (IsOK(FolderExists(services_.files, folder)))
+        services_.launcher.openWithDesktop(folder);
+}
+
+void Form1::lblOption_Click()
+{
+    PopUp(mnuPopUpForm_, lblOption_->mapToGlobal(QPoint(0, lblOption_->height())));
+}
+
+void Form1::mnuShowIni_Click()
+{
+    vellumar::mnuShowIni_Click(services_, state_.paths);
+}
+
+void Form1::mnuEndProg_Click()
+{
+    close();
+}
+
+void Form1::AutoRandomOff()
+{
+    windowState_.AutoRandomInterval = 0;
+    Timer1_->stop();
+    lblTime_->setText(Text(IntervalText(0)));
+    ButtonCtrl(true);
+    if (windowState_.HideSetName) {
+        ShowStatus(std::string(kPressInstallText));
+        lblMsg_->show();
+    } else if (optSky_->isChecked()) {
+        ShowStatus(cmbClouds_->currentText().toStdString());
+    }
+}
+
+void Form1::ButtonCtrl(bool enabled)
+{
+    windowState_.SituationCount = lstFLT_->count();
+    Apply(vellumar::ButtonCtrl(enabled, windowState_));
+}
+
+void Form1::cmdCont()
+{
+    const bool anyTicked = AnyTicked(ReadTicks(lstClouds_)) || AnyTicked(ReadTicks(lstOption_));
+    Apply(vellumar::cmdCont(windowState_, anyTicked));
+}
+
+void Form1::ShowStatus(const std::string& text)
+{
+    lblMsg_->setText(QString::fromStdString(text));
+}
+
+void Form1::Apply(const WindowChanges& changes)
+{
+    for (const ControlSwitch& entry : changes.visible)
+        if (auto* control = findChild<QWidget*>(QString::fromStdString(entry.name)))
+            control->setVisible(entry.on);
+    for (const ControlSwitch& entry : changes.enabled)
+        if (auto* control = findChild<QWidget*>(QString::fromStdString(entry.name)))
+            control->setEnabled(entry.on && !AwaitsLaterWork(entry.name));
+    // The panel of the file lists takes room only while they are shown.
+    filePanel_->setVisible(!lstClouds_->isHidden() || !cmbClouds_->isHidden() ||
+                           !lstOption_->isHidden() || !cmbOption_->isHidden());
+}
+
+void Form1::PopUp(QMenu* menu, const QPoint& globalPosition)
+{
+    menu->popup(globalPosition);
+}
+
+// ---------------------------------------------------------------------------------------------
+// The window itself and the notification-area icon
+
+void Form1::SysTrayIcon(bool add)
+{
+    if (!add) {
+        PIC_->hide();
+        return;
+    }
+    PIC_->setIcon(windowIcon());
+    PIC_->setToolTip(QStringLiteral("Show/Hide Window"));
+    PIC_->show();
+}
+
+void Form1::PIC_Activated(QSystemTrayIcon::ActivationReason reason)
+{
+    switch (reason) {
+    case QSystemTrayIcon::Trigger:
+        if (isHidden() || isMinimized()) {
+            showNormal();
+            raise();
+            activateWindow();
+        } else {
+            hide();
+        }
+        break;
+    case QSystemTrayIcon::Context:
+        // The menu opens by itself; a visible window comes to the front with it.
+        if (isVisible() && !isMinimized()) {
+            raise();
+            activateWindow();
+        }
+        break;
+    default:
+        break;
+    }
+}
+
+void Form1::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    skin::PaintPanel(painter, rect());
+}
+
+void Form1::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::RightButton) {
+        QWidget::mousePressEvent(event);
+        return;
+    }
+    // The window system moves the window where it can (it must, on Wayland); elsewhere the
+    // window follows the mouse from the point where it went down.
+    if (event->button() == Qt::LeftButton && windowHandle() && windowHandle()->startSystemMove()) {
+        event->accept();
+        return;
+    }
+    dragOffset_ = event->globalPosition().toPoint() - frameGeometry().topLeft();
+    dragging_ = true;
+    event->accept();
+}
+
+void Form1::mouseMoveEvent(QMouseEvent* event)
+{
+    if (dragging_ && (event->buttons() & Qt::LeftButton)) {
+        move(event->globalPosition().toPoint() - dragOffset_);
+        event->accept();
+        return;
+    }
+    QWidget::mouseMoveEvent(event);
+}
+
+void Form1::mouseReleaseEvent(QMouseEvent* event)
+{
+    dragging_ = false;
+    QWidget::mouseReleaseEvent(event);
+}
+
+void Form1::showEvent(QShowEvent* event)
+{
+    SysTrayIcon(true);
+    QWidget::showEvent(event);
+}
+
+void Form1::changeEvent(QEvent* event)
+{
+    // Form_Activate: the icon comes back should the notification area have been restarted.
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        SysTrayIcon(true);
+    QWidget::changeEvent(event);
+}
+
+void Form1::closeEvent(QCloseEvent* event)
+{
+    // Form_Unload. The last-installed record is written here once installing from the window
+    // is part of the program.
+    Timer1_->stop();
+    tmrFsCheck2_->stop();
+    SysTrayIcon(false);
+    event->accept();
+    Q_EMIT unloaded();
+}
+
+} // namespace vellumar

@@ -1,0 +1,168 @@
+#pragma once
+
+#include "MainWindowLogic.h"
+#include "PickRandomSet.h"
+
+#include <QPoint>
+#include <QSystemTrayIcon>
+#include <QWidget>
+
+#include <array>
+#include <functional>
+#include <string>
+
+class QAction;
+class QCheckBox;
+class QComboBox;
+class QGridLayout;
+class QLabel;
+class QListWidget;
+class QListWidgetItem;
+class QMenu;
+class QRadioButton;
+class QTimer;
+
+namespace vellumar {
+
+class ClickableLabel;
+class PictureButton;
+class PictureView;
+class ReadoutLabel;
+struct ProgramState;
+struct ScreenFacts;
+struct Services;
+struct TextureSetEntry;
+
+// The main window: the texture library with its filters and file lists, the commands, the
+// popup menus and the notification-area icon. A borderless panel the user drags by its body.
+// Its handlers read the controls, ask core, and show the answer.
+class Form1 final : public QWidget {
+    Q_OBJECT
+
+public:
+    // `state` holds the configuration that the start-up has loaded; `uniform` feeds the hidden
+    // random pick (a clock-seeded generator in the program).
+    Form1(Services& services, ProgramState& state, const ScreenFacts& screen,
+          std::function<double()> uniform = ClockSeededUniform(), QWidget* parent = nullptr);
+    ~Form1() override;
+
+    // The window's part of the start-up, once the configuration is loaded: help, situations,
+    // the list layout, the font, the AutoRandom display and the first selection.
+    void Form_Load();
+
+    const MainWindowState& mainWindowState() const { return windowState_; }
+
+Q_SIGNALS:
+    // Form_Unload has run: the program ends.
+    void unloaded();
+    // Reloading the configuration failed and the user has been told: the program ends.
+    void programEnded();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void CreateControls();
+    void CreateMenus();
+    void Connect();
+    void ShowConfiguration();
+    void FitWindowToContents();
+
+    // Handlers.
+    void LstSky_Click(int row);
+    void lstSkyFil_Click(int row);
+    void cmbClouds_Click(int index);
+    void cmbOption_Click(int index);
+    void lstClouds_Click(QListWidgetItem* item);
+    void lstOption_Click(QListWidgetItem* item);
+    void chkTrailOption_Click(bool checked);
+    void lblFilter_Click(int index);
+    void optSky_Click();
+    void optFLT_Click();
+    void optFs_Click(int index);
+    void cmdRandom_Click();
+    void cmdMin_Click();
+    void cmdClose_Click();
+    void lblHelp_Click();
+    void lblOption_Click();
+    void mnuCheckAll(QListWidget* list, bool ticked);
+    void mnuShowIni_Click();
+    void mnuEndProg_Click();
+    void PIC_Activated(QSystemTrayIcon::ActivationReason reason);
+
+    // Shared routines.
+    void SysTrayIcon(bool add);
+    void ButtonCtrl(bool enabled);
+    void cmdCont();
+    void AutoRandomOff();
+    void ShowTrailSwitch();
+    void ShowFilterColours(int chosen);
+    void ShowStatus(const std::string& text);
+    void Apply(const WindowChanges& changes);
+    void PopUp(QMenu* menu, const QPoint& globalPosition);
+
+    const std::vector<TextureSetEntry>& Sets() const;
+    std::string CurrentOptionSetFolder() const;
+
+    Services& services_;
+    ProgramState& state_;
+    const ScreenFacts& screen_;
+    MainWindowState windowState_;
+    RandomSetPicker picker_;
+    // lstSkyFil's entries as catalogue indices, and whether it stands in for lstSky.
+    std::vector<int> filteredSets_;
+    bool filtered_ = false;
+    // The drag origin: where the mouse went down, relative to the window.
+    QPoint dragOffset_;
+    bool dragging_ = false;
+
+    QLabel* lblAppName_ = nullptr;
+    QRadioButton* optSky_ = nullptr;
+    QRadioButton* optFLT_ = nullptr;
+    std::array<QRadioButton*, 2> optFs_{};
+    QListWidget* lstSky_ = nullptr;
+    QListWidget* lstSkyFil_ = nullptr;
+    QComboBox* cmbClouds_ = nullptr;
+    QListWidget* lstClouds_ = nullptr;
+    QComboBox* cmbOption_ = nullptr;
+    QListWidget* lstOption_ = nullptr;
+    QCheckBox* chkTrailOption_ = nullptr;
+    QLabel* lblTrailOption_ = nullptr;
+    QListWidget* lstFLT_ = nullptr;
+    std::array<ClickableLabel*, SetFilter::Count> lblFilter_{};
+    ClickableLabel* lblOption_ = nullptr;
+    ClickableLabel* lblAutoRandom_ = nullptr;
+    ReadoutLabel* lblTime_ = nullptr;
+    ReadoutLabel* lblMsg_ = nullptr;
+    QLabel* lblFunc_ = nullptr;
+    ClickableLabel* lblHelp_ = nullptr;
+    PictureView* ImgSky_ = nullptr;
+    PictureButton* cmdInst_ = nullptr;
+    PictureButton* cmdInstAndStart_ = nullptr;
+    PictureButton* cmdRandom_ = nullptr;
+    PictureButton* cmdBackUp_ = nullptr;
+    PictureButton* cmdToOrg_ = nullptr;
+    PictureButton* cmdClose_ = nullptr;
+    PictureButton* cmdMin_ = nullptr;
+    QWidget* listArea_ = nullptr;
+    QWidget* filePanel_ = nullptr;
+    QSystemTrayIcon* PIC_ = nullptr;
+    QTimer* Timer1_ = nullptr;
+    QTimer* tmrFsCheck2_ = nullptr;
+
+    QMenu* mnuPopUpClearSituaion_ = nullptr;
+    QMenu* mnuPopUpStartMode_ = nullptr;
+    QMenu* mnuPopUpCloud_ = nullptr;
+    QMenu* mnuPopUpOption_ = nullptr;
+    QMenu* mnuPopUpBkAll_ = nullptr;
+    QMenu* mnuPopUpTaskTray_ = nullptr;
+    QMenu* mnuPopUpForm_ = nullptr;
+};
+
+} // namespace vellumar

@@ -1,0 +1,552 @@
+// The main window, driven by its controls' object names over a library built in a temporary
+// folder.
+
+#include "Form1.h"
+#include "PathText.h"
+#include "PictureView.h"
+#include "Skin.h"
+#include "StartUpSequence.h"
+#include "TempFolder.h"
+#include "TestInstallation.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QImage>
+#include <QLabel>
+#include <QListWidget>
+#include <QMenu>
+#include <QRadioButton>
+#include <QSignalSpy>
+#include <QSystemTrayIcon>
+#include <QTest>
+#include <QTimer>
+
+#include <memory>
+
+namespace vellumar {
+namespace {
+
+// The library: one set of each filter category but Cirrus, a set kept out of AutoRandom, and
+// an option set whose bitmap has the same name as a file of that set.
+class Library {
+public:
+    explicit Library(bool showSkyFiles, const std::string& extraSections = {})
+    {
+        temp.write("Vellumar/Texture/Clouds/Summer haze/cld02.bmp");
+        temp.write("Vellumar/Texture/Sky/Clear day/sky_day.bmp");
+        temp.write("Vellumar/Texture/Misc/Stratus deck/stratus01.bmp");
+        temp.write("Vellumar/Texture/Airport/Runway halo/halo.bmp");
+        temp.write("Vellumar/Texture/Airport/Runway halo/SunEffect.cfg");
+        temp.write("Vellumar/Texture/Airport/Runway halo/notes.txt");
+        temp.write("Vellumar/Texture/Option/Bright halo/halo.bmp");
+        temp.write("Vellumar/Texture/Option/Bright halo/moon.bmp");
+        temp.write("Vellumar/Texture/Option/Bright halo/glow.fx");
+        temp.makeFolder("Vellumar/Texture/Option/Empty");
+        // A wide preview: 4 x 1, so a fitted picture shows whether it was distorted.
+        QImage preview(64, 16, QImage::Format_RGB32);
+        preview.fill(Qt::blue);
+        preview.save(QString::fromStdString(temp / "Vellumar/Texture/Sky/Clear day/preview.jpg"));
+        installation.writeCloudIni(std::string("[Set2]\r\nDirName=Sky\\Clear day\r\n"
+                                               "[Set3]\r\nDirName=Misc\\Stratus deck\r\n"
+                                               "[Set4]\r\nDirName=Airport\\Runway halo\r\n"
+                                               "Random=off\r\n"
+                                               "[ToolTipsText]\r\nDataList=Every set\r\n"
+                                               "FilterOfList=Only these\r\n"
+                                               "[ShowSkyFiles]\r\nShowFiles=") +
+                                   (showSkyFiles ? "True" : "False") + "\r\n" + extraSections);
+    }
+
+    // The start-up up to Form_Load, with the window shown.
+    std::unique_ptr<Form1> open(std::function<double()> uniform = [] { return 0.5; })
+    {
+        if (RunStartUpSequence(fakes.services, screen, state) != StartUpOutcome::Continue)
+            return nullptr;
+        auto window = std::make_unique<Form1>(fakes.services, state, screen, std::move(uniform));
+        window->Form_Load();
+        window->show();
+        return window;
+    }
+
+    test::TempFolder temp;
+    test::TestServices fakes;
+    test::TestInstallation installation{temp, fakes};
+    ScreenFacts screen;
+    ProgramState state;
+};
+
+template <typename Widget = QWidget>
+Widget* Find(const QWidget& window, const char* name)
+{
+    auto* found = window.findChild<Widget*>(QString::fromLatin1(name));
+    if (!found)
+        qFatal("no control %s", name);
+    return found;
+}
+
+QAction* Action(const QWidget& window, const char* name)
+{
+    auto* found = window.findChild<QAction*>(QString::fromLatin1(name));
+    if (!found)
+        qFatal("no menu item %s", name);
+    return found;
+}
+
+QStringList Entries(const QListWidget* list)
+{
+    QStringList entries;
+    for (int row = 0; row < list->count(); ++row)
+        entries << list->item(row)->text();
+    return entries;
+}
+
+QStringList Ticked(const QListWidget* list)
+{
+    QStringList ticked;
+    for (int row = 0; row < list->count(); ++row)
+        if (list->item(row)->checkState() == Qt::Checked)
+            ticked << list->item(row)->text();
+    return ticked;
+}
+
+void Tick(QListWidget* list, const QString& name, bool ticked)
+{
+    const auto found = list->findItems(name, Qt::MatchExactly);
+    QVERIFY2(!found.isEmpty(), qPrintable(name));
+    found.front()->setCheckState(ticked ? Qt::Checked : Qt::Unchecked);
+}
+
+// Chooses an entry of a combo box as the user does.
+void Choose(QComboBox* combo, const QString& text)
+{
+    const int index = combo->findText(text);
+    QVERIFY2(index >= 0, qPrintable(text));
+    combo->setCurrentIndex(index);
+    Q_EMIT combo->activated(index);
+}
+
+void Click(QWidget* control)
+{
+    QTest::mouseClick(control, Qt::LeftButton, {}, control->rect().center());
+}
+
+bool Shown(const QWidget& window, const char* name)
+{
+    return Find(window, name)->isVisibleTo(&window);
+}
+
+QColor Ink(const QWidget& window, const char* name)
+{
+    return Find(window, name)->palette().color(QPalette::Active, QPalette::WindowText);
+}
+
+const QStringList kAllSets = {QStringLiteral("Summer haze"), QStringLiteral("Clear day"),
+                              QStringLiteral("Stratus deck"), QStringLiteral("Runway halo")};
+
+} // namespace
+
+class Form1Test final : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void controlsCarryTheirNamesAndCaptions()
+    {
+        Library library(false);
+        const auto window = library.open();
+        QVERIFY(window);
+        QCOMPARE(window->objectName(), QStringLiteral("Form1"));
+        QVERIFY(window->windowFlags() & Qt::FramelessWindowHint);
+        QCOMPARE(window->windowTitle(), QStringLiteral("Vellumar"));
+        const struct {
+            const char* name;
+            const char* caption;
+        } captions[] = {{"lblFilter0", "All "},   {"lblFilter1", "Cumulus"},
+                        {"lblFilter2", "Cirrus"}, {"lblFilter3", "Sky Color "},
+                        {"lblFilter4", "Sky"},    {"lblFilter5", "Misc"},
+                        {"lblOption", "Option"},  {"lblAutoRandom", "Auto Install"},
+                        {"lblHelp", "Help"},      {"lblTime", "Off"},
+                        {"lblMsg", "Summer haze"}};
+        for (const auto& [name, caption] : captions)
+            QCOMPARE(Find<QLabel>(*window, name)->text(), QString::fromUtf8(caption));
+        QCOMPARE(Find<QRadioButton>(*window, "optFs0")->text(), QStringLiteral("FS2K"));
+        QCOMPARE(Find<QRadioButton>(*window, "optFs1")->text(), QStringLiteral("CFS2"));
+        for (const char* name :
+             {"optSky",    "optFLT",    "lstSky",    "lstSkyFil",      "cmbClouds",
+              "lstClouds", "cmbOption", "lstOption", "chkTrailOption", "lblTrailOption",
+              "lstFLT",    "lblFunc",   "ImgSky",    "cmdInst",        "cmdInstAndStart",
+              "cmdRandom", "cmdBackUp", "cmdToOrg",  "cmdClose",       "cmdMin"})
+            Find(*window, name);
+        QVERIFY(window->findChild<QSystemTrayIcon*>(QStringLiteral("PIC")));
+        QVERIFY(window->findChild<QObject*>(QStringLiteral("Timer1")));
+        QVERIFY(window->findChild<QObject*>(QStringLiteral("tmrFsCheck2")));
+    }
+
+    void theSetListIsTheCatalogueWithTheFirstSetChosen()
+    {
+        Library library(false);
+        const auto window = library.open();
+        QCOMPARE(Entries(Find<QListWidget>(*window, "lstSky")), kAllSets);
+        auto* cmbClouds = Find<QComboBox>(*window, "cmbClouds");
+        QCOMPARE(cmbClouds->count(), 4);
+        QCOMPARE(cmbClouds->currentText(), QStringLiteral("Summer haze"));
+        QCOMPARE(Find<QListWidget>(*window, "lstSky")->currentRow(), 0);
+        // The whole set is ticked, so by default all of it would be installed.
+        QCOMPARE(Ticked(Find<QListWidget>(*window, "lstClouds")),
+                 (QStringList{QStringLiteral("cld01.bmp"), QStringLiteral("cld02.bmp")}));
+        QCOMPARE(Find<QComboBox>(*window, "cmbOption")->currentText(),
+                 QStringLiteral("Bright halo"));
+        QCOMPARE(Find<QListWidget>(*window, "lstOption")->count(), 0);
+    }
+
+    void showSkyFilesOffShowsOneListOfSetsWithItsFilters()
+    {
+        Library library(false);
+        const auto window = library.open();
+        QVERIFY(Shown(*window, "lstSky"));
+        for (const char* name : {"lstSkyFil", "cmbClouds", "cmbOption", "lstClouds", "lstOption",
+                                 "lstFLT", "cmdBackUp", "cmdToOrg"})
+            QVERIFY2(!Shown(*window, name), name);
+        for (const char* name :
+             {"lblFilter0", "lblFilter1", "lblFilter2", "lblFilter3", "lblFilter4", "lblFilter5"})
+            QVERIFY2(Shown(*window, name), name);
+        // The option set with files is offered by the trail switch under the list.
+        QVERIFY(Shown(*window, "chkTrailOption"));
+        QCOMPARE(Find<QLabel>(*window, "lblTrailOption")->text(), QStringLiteral("Bright halo"));
+        QVERIFY(!Find<QCheckBox>(*window, "chkTrailOption")->isChecked());
+    }
+
+    void showSkyFilesOnShowsTheFilesOfTheSetAndTheOptionSet()
+    {
+        Library library(true);
+        const auto window = library.open();
+        for (const char* name : {"cmbClouds", "cmbOption", "lstClouds", "lstOption", "lblFilter4"})
+            QVERIFY2(Shown(*window, name), name);
+        for (const char* name : {"lstSky", "lstSkyFil", "lblFilter0", "lblFilter1", "lblFilter2",
+                                 "lblFilter3", "lblFilter5", "chkTrailOption", "lblTrailOption"})
+            QVERIFY2(!Shown(*window, name), name);
+        // The file lists are wider than the one list of sets.
+        Library narrow(false);
+        const auto other = narrow.open();
+        QVERIFY(window->width() > other->width());
+    }
+
+    void aCategoryShowsItsSetsAndAnEmptyOneFallsBackToAll()
+    {
+        Library library(false);
+        const auto window = library.open();
+        const QColor chosen = skin::FilterChosenColour();
+        const QColor plain = skin::FilterColour();
+        QCOMPARE(Ink(*window, "lblFilter0"), chosen);
+
+        Click(Find(*window, "lblFilter3")); // Sky Color
+        QVERIFY(Shown(*window, "lstSkyFil"));
+        QVERIFY(!Shown(*window, "lstSky"));
+        QCOMPARE(Entries(Find<QListWidget>(*window, "lstSkyFil")),
+                 QStringList{QStringLiteral("Clear day")});
+        QCOMPARE(Find<QComboBox>(*window, "cmbClouds")->currentText(), QStringLiteral("Clear day"));
+        QCOMPARE(Find<QLabel>(*window, "lblMsg")->text(), QStringLiteral("Clear day"));
+        QCOMPARE(Ink(*window, "lblFilter3"), chosen);
+        QCOMPARE(Ink(*window, "lblFilter0"), plain);
+
+        Click(Find(*window, "lblFilter5")); // Misc
+        auto* filtered = Find<QListWidget>(*window, "lstSkyFil");
+        QCOMPARE(Entries(filtered),
+                 (QStringList{QStringLiteral("Stratus deck"), QStringLiteral("Runway halo")}));
+        filtered->setCurrentRow(1);
+        QCOMPARE(Find<QComboBox>(*window, "cmbClouds")->currentText(),
+                 QStringLiteral("Runway halo"));
+        QCOMPARE(Find<QListWidget>(*window, "lstSky")->currentItem()->text(),
+                 QStringLiteral("Runway halo"));
+
+        // The heading is not a filter.
+        Click(Find(*window, "lblFilter4"));
+        QVERIFY(Shown(*window, "lstSkyFil"));
+        QCOMPARE(Ink(*window, "lblFilter5"), chosen);
+
+        // No set is a cirrus set: back to "All " and the first set.
+        Click(Find(*window, "lblFilter2"));
+        QVERIFY(Shown(*window, "lstSky"));
+        QVERIFY(!Shown(*window, "lstSkyFil"));
+        QCOMPARE(Ink(*window, "lblFilter0"), chosen);
+        QCOMPARE(Ink(*window, "lblFilter2"), plain);
+        QCOMPARE(Find<QComboBox>(*window, "cmbClouds")->currentText(),
+                 QStringLiteral("Summer haze"));
+    }
+
+    void tickingAFileUnticksTheSameFileOfTheOtherSet()
+    {
+        Library library(true);
+        const auto window = library.open();
+        auto* clouds = Find<QListWidget>(*window, "lstClouds");
+        auto* options = Find<QListWidget>(*window, "lstOption");
+        Choose(Find<QComboBox>(*window, "cmbClouds"), QStringLiteral("Runway halo"));
+        // Installable files only, all ticked; the notes stay out.
+        QCOMPARE(Entries(clouds),
+                 (QStringList{QStringLiteral("halo.bmp"), QStringLiteral("SunEffect.cfg")}));
+        QCOMPARE(Ticked(clouds), Entries(clouds));
+        Choose(Find<QComboBox>(*window, "cmbOption"), QStringLiteral("Bright halo"));
+        QCOMPARE(Find<QLabel>(*window, "lblMsg")->text(), QStringLiteral("Bright halo"));
+        // An option set offers its bitmaps only, unticked.
+        QCOMPARE(Entries(options),
+                 (QStringList{QStringLiteral("halo.bmp"), QStringLiteral("moon.bmp")}));
+        QVERIFY(Ticked(options).isEmpty());
+
+        Tick(options, QStringLiteral("halo.bmp"), true);
+        Tick(options, QStringLiteral("moon.bmp"), true);
+        QCOMPARE(Ticked(clouds), QStringList{QStringLiteral("SunEffect.cfg")});
+        QCOMPARE(Ticked(options),
+                 (QStringList{QStringLiteral("halo.bmp"), QStringLiteral("moon.bmp")}));
+
+        Tick(clouds, QStringLiteral("halo.bmp"), true);
+        QCOMPARE(Ticked(options), QStringList{QStringLiteral("moon.bmp")});
+        QCOMPARE(Ticked(clouds),
+                 (QStringList{QStringLiteral("halo.bmp"), QStringLiteral("SunEffect.cfg")}));
+        QCOMPARE(Find<QLabel>(*window, "lblMsg")->text(), QStringLiteral("halo.bmp"));
+
+        // The list menus tick and untick everything, with the same rule.
+        Action(*window, "mnuCheckOptionAll")->trigger();
+        QCOMPARE(Ticked(options), Entries(options));
+        QCOMPARE(Ticked(clouds), QStringList{QStringLiteral("SunEffect.cfg")});
+        Action(*window, "mnuClearCloudAll")->trigger();
+        QVERIFY(Ticked(clouds).isEmpty());
+        Action(*window, "mnuCheckCloudAll")->trigger();
+        QCOMPARE(Ticked(clouds), Entries(clouds));
+        QCOMPARE(Ticked(options), QStringList{QStringLiteral("moon.bmp")});
+        Action(*window, "mnuClearOptionAll")->trigger();
+        QVERIFY(Ticked(options).isEmpty());
+    }
+
+    void theTrailSwitchTakesTheOptionSetAlong()
+    {
+        Library library(false);
+        const auto window = library.open();
+        Find<QListWidget>(*window, "lstSky")->setCurrentRow(3); // Runway halo
+        auto* trail = Find<QCheckBox>(*window, "chkTrailOption");
+        QVERIFY(Shown(*window, "chkTrailOption"));
+        Click(trail);
+        QVERIFY(trail->isChecked());
+        QCOMPARE(Ticked(Find<QListWidget>(*window, "lstOption")),
+                 (QStringList{QStringLiteral("halo.bmp"), QStringLiteral("moon.bmp")}));
+        QCOMPARE(Ticked(Find<QListWidget>(*window, "lstClouds")),
+                 QStringList{QStringLiteral("SunEffect.cfg")});
+        // Another set starts without it.
+        Find<QListWidget>(*window, "lstSky")->setCurrentRow(0);
+        QVERIFY(!trail->isChecked());
+        QCOMPARE(Find<QListWidget>(*window, "lstOption")->count(), 0);
+    }
+
+    void aHiddenPickNeverShowsTheSetName()
+    {
+        Library library(false);
+        // Draws 0.1, 0.35, 0.6, 0.85 in turn: every index of four sets comes up.
+        auto next = std::make_shared<int>(0);
+        const auto window = library.open([next] { return (2 * (*next)++ % 8 + 1) / 8.0 - 0.025; });
+        auto* message = Find<QLabel>(*window, "lblMsg");
+        auto* cmbClouds = Find<QComboBox>(*window, "cmbClouds");
+        QSet<QString> picked;
+        for (int round = 0; round < 6; ++round) {
+            Click(Find(*window, "cmdRandom"));
+            QCOMPARE(message->text(), QStringLiteral("Press Install Button."));
+            for (const char* name : {"lstSky", "lstSkyFil", "cmbClouds", "cmbOption", "lstClouds",
+                                     "lstOption", "chkTrailOption", "lblFilter0", "lblFilter3"})
+                QVERIFY2(!Shown(*window, name), name);
+            QVERIFY(Shown(*window, "ImgSky"));
+            QVERIFY(!Find<PictureView>(*window, "ImgSky")->hasPicture());
+            picked.insert(cmbClouds->currentText());
+        }
+        // Sets kept out of AutoRandom are never picked; the others all come up.
+        QCOMPARE(picked, (QSet<QString>{QStringLiteral("Summer haze"), QStringLiteral("Clear day"),
+                                        QStringLiteral("Stratus deck")}));
+
+        // Back on the set list the pick stays hidden: choosing, filtering and ticking never
+        // reveal a name.
+        Click(Find(*window, "optSky"));
+        QVERIFY(Shown(*window, "lstSky"));
+        QCOMPARE(message->text(), QStringLiteral("Press Install Button."));
+        Find<QListWidget>(*window, "lstSky")->setCurrentRow(1);
+        QCOMPARE(message->text(), QStringLiteral("Press Install Button."));
+        QVERIFY(!Find<PictureView>(*window, "ImgSky")->hasPicture());
+        Click(Find(*window, "lblFilter3"));
+        QVERIFY(!Shown(*window, "lstSkyFil"));
+        Tick(Find<QListWidget>(*window, "lstClouds"), QStringLiteral("sky_day.bmp"), false);
+        QCOMPARE(message->text(), QStringLiteral("Press Install Button."));
+        for (const QString& name : kAllSets)
+            QVERIFY(!message->text().contains(name));
+    }
+
+    void thePreviewIsFittedWithoutDistortion()
+    {
+        Library library(false);
+        const auto window = library.open();
+        auto* preview = Find<PictureView>(*window, "ImgSky");
+        QVERIFY(!preview->hasPicture()); // Summer haze has no picture
+        Find<QListWidget>(*window, "lstSky")->setCurrentRow(1);
+        QVERIFY(preview->hasPicture());
+        const QRect shown = preview->pictureRect();
+        QVERIFY(shown.width() > 64); // stretched to the frame
+        QCOMPARE(shown.width(), 4 * shown.height());
+        QVERIFY(preview->rect().contains(shown));
+        Find<QListWidget>(*window, "lstSky")->setCurrentRow(2);
+        QVERIFY(!preview->hasPicture());
+    }
+
+    void theTrayIconShowsAndHidesTheWindowAndItsMenuCloses()
+    {
+        Library library(false);
+        const auto window = library.open();
+        auto* tray = window->findChild<QSystemTrayIcon*>(QStringLiteral("PIC"));
+        QVERIFY(tray->isVisible());
+        QCOMPARE(tray->toolTip(), QStringLiteral("Show/Hide Window"));
+        QMenu* menu = tray->contextMenu();
+        QVERIFY(menu);
+        QCOMPARE(menu->objectName(), QStringLiteral("mnuPopUpTaskTray"));
+        QCOMPARE(menu->actions().size(), 1);
+        QCOMPARE(menu->actions().front()->objectName(), QStringLiteral("mnuEndProg"));
+        QCOMPARE(menu->actions().front()->text(), QStringLiteral("Close Vellumar"));
+
+        Q_EMIT tray->activated(QSystemTrayIcon::Trigger);
+        QVERIFY(window->isHidden());
+        Q_EMIT tray->activated(QSystemTrayIcon::Trigger);
+        QVERIFY(window->isVisible());
+        Q_EMIT tray->activated(QSystemTrayIcon::Context);
+        QVERIFY(window->isVisible());
+
+        // The menu is used while the window is away in the notification area.
+        Q_EMIT tray->activated(QSystemTrayIcon::Trigger);
+        QVERIFY(window->isHidden());
+        QSignalSpy unloaded(window.get(), &Form1::unloaded);
+        menu->actions().front()->trigger();
+        QCOMPARE(unloaded.count(), 1);
+        QVERIFY(!window->isVisible());
+        QVERIFY(!tray->isVisible());
+    }
+
+    void withoutANotificationAreaMinimisingKeepsTheWindowReachable()
+    {
+        if (QSystemTrayIcon::isSystemTrayAvailable())
+            QSKIP("this display has a notification area");
+        Library library(false);
+        const auto window = library.open();
+        Click(Find(*window, "cmdMin"));
+        QVERIFY(!window->isHidden());
+        QVERIFY(window->windowState() & Qt::WindowMinimized);
+    }
+
+    void theCloseButtonUnloads()
+    {
+        Library library(false);
+        const auto window = library.open();
+        QSignalSpy unloaded(window.get(), &Form1::unloaded);
+        Click(Find(*window, "cmdClose"));
+        QCOMPARE(unloaded.count(), 1);
+        QVERIFY(!window->isVisible());
+    }
+
+    void theWindowMenuShowsCloudIniAndKeepsLaterCommandsOff()
+    {
+        Library library(false);
+        const auto window = library.open();
+        auto* menu = Find<QMenu>(*window, "mnuPopUpForm");
+        QStringList items;
+        for (QAction* action : menu->actions())
+            if (!action->isSeparator())
+                items << action->objectName() + QLatin1Char('=') + action->text();
+        QCOMPARE(items, (QStringList{QStringLiteral("mnuTime=Stop FS Time"),
+                                     QStringLiteral("mnuClearSituation=Clear Situation"),
+                                     QStringLiteral("mnuShowIni=Show cloud.ini"),
+                                     QStringLiteral("mnuSound=Sound"),
+                                     QStringLiteral("mnuWeather=Weather Setting"),
+                                     QStringLiteral("mnuLastInst=Last Installed Data"),
+                                     QStringLiteral("mnuStopRefresh=Stop Refresh"),
+                                     QStringLiteral("mnuHelp=Help")}));
+        QCOMPARE(menu->actions().size(), 15); // a separator between every two items
+        for (const char* name : {"mnuSound", "mnuLastInst", "mnuClearSituation"}) {
+            QVERIFY2(Action(*window, name)->isVisible(), name);
+            QVERIFY2(!Action(*window, name)->isEnabled(), name);
+        }
+        for (const char* name : {"mnuTime", "mnuWeather", "mnuStopRefresh", "mnuHelp"})
+            QVERIFY2(!Action(*window, name)->isVisible(), name);
+
+        Action(*window, "mnuShowIni")->trigger();
+        QCOMPARE(library.fakes.launcher.opened.size(), 1u);
+        QCOMPARE(library.fakes.launcher.opened.front(),
+                 JoinPath(library.temp / "Vellumar", "cloud.ini"));
+
+        const struct {
+            const char* menu;
+            QStringList items;
+        } others[] = {
+            {"mnuPopUpClearSituaion", {QStringLiteral("Clear Situation")}},
+            {"mnuPopUpStartMode",
+             {QStringLiteral("Activate Auto Install Without Starting Fs"),
+              QStringLiteral("Cancel")}},
+            {"mnuPopUpCloud", {QStringLiteral("Clear Check All"), QStringLiteral("Check All")}},
+            {"mnuPopUpOption", {QStringLiteral("Clear Check All"), QStringLiteral("Check All")}},
+            {"mnuPopUpBkAll", {QStringLiteral("Re-backup all set again")}},
+        };
+        for (const auto& [name, captions] : others) {
+            QStringList shown;
+            for (QAction* action : Find<QMenu>(*window, name)->actions())
+                shown << action->text();
+            QCOMPARE(shown, captions);
+        }
+    }
+
+    void commandsOfLaterWorkAreThereButOff()
+    {
+        Library library(false);
+        const auto window = library.open();
+        for (const char* name : {"cmdInst", "cmdInstAndStart", "lblAutoRandom", "lblTime"}) {
+            QVERIFY2(Shown(*window, name), name);
+            QVERIFY2(!Find(*window, name)->isEnabled(), name);
+        }
+        // Ticks do not bring them to life.
+        Choose(Find<QComboBox>(*window, "cmbClouds"), QStringLiteral("Clear day"));
+        QVERIFY(!Find(*window, "cmdInst")->isEnabled());
+        QVERIFY(Find(*window, "cmdRandom")->isEnabled());
+        // Nothing to choose yet: no situations, no second simulator.
+        QVERIFY(!Find(*window, "optFLT")->isEnabled());
+        QVERIFY(Find<QRadioButton>(*window, "optFs0")->isChecked());
+        QVERIFY(!Find(*window, "optFs1")->isEnabled());
+        QVERIFY(!window->findChild<QTimer*>(QStringLiteral("Timer1"))->isActive());
+    }
+
+    void theHelpLabelOpensTheHelpFolderWhenThereIsOne()
+    {
+        {
+            Library library(false);
+            const auto window = library.open();
+            QVERIFY(!Find(*window, "lblHelp")->isEnabled());
+        }
+        Library library(false);
+        library.temp.write("Vellumar/help/index.html", "<html></html>");
+        const auto window = library.open();
+        QVERIFY(Find(*window, "lblHelp")->isEnabled());
+        Click(Find(*window, "lblHelp"));
+        QCOMPARE(library.fakes.launcher.opened.size(), 1u);
+        QCOMPARE(library.fakes.launcher.opened.front(),
+                 JoinPath(library.temp / "Vellumar", "help"));
+    }
+
+    void tipsAndTheProportionalFontComeFromCloudIni()
+    {
+        Library library(false, "[Font]\r\nProportional=Vellumar Test Sans\r\n");
+        library.screen.installedFonts = {"Vellumar Test Sans", "Other"};
+        const auto window = library.open();
+        QCOMPARE(Find(*window, "lstSky")->toolTip(), QStringLiteral("Every set"));
+        for (const char* name :
+             {"lblFilter0", "lblFilter1", "lblFilter2", "lblFilter3", "lblFilter5"})
+            QCOMPARE(Find(*window, name)->toolTip(), QStringLiteral("Only these"));
+        QVERIFY(Find(*window, "lblFilter4")->toolTip().isEmpty());
+        QVERIFY(Find(*window, "cmdRandom")->toolTip().isEmpty());
+        for (const char* name : {"lstSky", "lblMsg", "cmdRandom", "cmbClouds", "optSky"})
+            QCOMPARE(Find(*window, name)->font().families().value(0),
+                     QStringLiteral("Vellumar Test Sans"));
+        QVERIFY(library.fakes.messages.empty());
+    }
+};
+
+} // namespace vellumar
+
+QTEST_MAIN(vellumar::Form1Test)
+#include "Form1Test_qt.moc"
