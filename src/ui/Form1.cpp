@@ -2,10 +2,13 @@
 
 #include "ApplyProportionalFont.h"
 #include "ArrowComboBox.h"
+#include "Backup.h"
 #include "ClickableLabel.h"
 #include "CloudIni.h"
 #include "DataFolderChecks.h"
 #include "FileHelpers.h"
+#include "Install.h"
+#include "MessageService.h"
 #include "PathText.h"
 #include "PictureButton.h"
 #include "PictureView.h"
@@ -394,6 +397,8 @@ void Form1::CreateMenus()
             action->setVisible(false);
         if (name == "mnuShowIni")
             connect(action, &QAction::triggered, this, &Form1::mnuShowIni_Click);
+        if (name == "mnuLastInst")
+            connect(action, &QAction::triggered, this, &Form1::mnuLastInst_Click);
     }
 
     PIC_->setContextMenu(mnuPopUpTaskTray_);
@@ -404,6 +409,7 @@ void Form1::Connect()
     connect(cmdClose_, &QAbstractButton::clicked, this, &Form1::cmdClose_Click);
     connect(cmdMin_, &QAbstractButton::clicked, this, &Form1::cmdMin_Click);
     connect(cmdRandom_, &QAbstractButton::clicked, this, &Form1::cmdRandom_Click);
+    connect(cmdInst_, &QAbstractButton::clicked, this, &Form1::cmdInst_Click);
     connect(cmdInstAndStart_, &PictureButton::rightPressed, this,
             [this](const QPoint& at) { PopUp(mnuPopUpStartMode_, at); });
     connect(cmdBackUp_, &PictureButton::rightPressed, this,
@@ -455,6 +461,7 @@ const std::vector<TextureSetEntry>& Form1::Sets() const
 
 void Form1::Form_Load()
 {
+    record_ = LastInstalledRecord(state_.settings.LastInstalled, state_.settings.NumberOfDisp);
     ShowConfiguration();
 
     // A missing help folder leaves nothing to open.
@@ -959,10 +966,39 @@ void Form1::changeEvent(QEvent* event)
     QWidget::changeEvent(event);
 }
 
+void Form1::cmdInst_Click()
+{
+    const int index = cmbClouds_->currentIndex();
+    if (index < 0)
+        return;
+    InstallRequest request;
+    request.setName = cmbClouds_->currentText().toStdString();
+    request.cloudSetFolder = Sets()[static_cast<std::size_t>(index)].folder;
+    request.optionSetFolder = CurrentOptionSetFolder();
+    request.cloudFiles = ReadTicks(lstClouds_);
+    request.optionFiles = ReadTicks(lstOption_);
+    request.hideSetName = windowState_.HideSetName;
+    request.autoRandomRunning = state_.settings.AutoRandomInterval != 0;
+    request.backupOriginals = state_.settings.BackupOriginals;
+    TextureServices textures{services_.messages, services_.files, services_.events,
+                             [this](const std::string& text) { ShowStatus(text); }};
+    const TextureFolders folders{state_.paths.FsPath, state_.paths.FsTexturePath,
+                                 BackupFolderOf(state_.paths.DataFolder), state_.paths.DataFolder};
+    if (InstallTextureSet(textures, folders, request, record_).stopAutoRandom)
+        AutoRandomOff();
+}
+
+void Form1::mnuLastInst_Click()
+{
+    services_.messages.ShowMessage(record_.LastInstalledText(), MessageStyle::OKOnly,
+                                   "Last Installed Data");
+}
+
 void Form1::closeEvent(QCloseEvent* event)
 {
-    // Form_Unload. The last-installed record is written here once installing from the window
-    // is part of the program.
+    // Form_Unload: the record of the sets installed last is the one thing written at the end.
+    if (state_.ini)
+        record_.SaveLastInstalled(*state_.ini, services_.events);
     Timer1_->stop();
     tmrFsCheck2_->stop();
     SysTrayIcon(false);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "LastInstalled.h"
 #include "MainWindowLogic.h"
 #include "PickRandomSet.h"
 
@@ -87,6 +88,8 @@ private:
     void optFLT_Click();
     void optFs_Click(int index);
     void cmdRandom_Click();
+    void cmdInst_Click();
+    void mnuLastInst_Click();
     void cmdMin_Click();
     void cmdClose_Click();
     void lblHelp_Click();
@@ -115,6 +118,7 @@ private:
     const ScreenFacts& screen_;
     MainWindowState windowState_;
     RandomSetPicker picker_;
+    LastInstalledRecord record_;
     // lstSkyFil's entries as catalogue indices, and whether it stands in for lstSky.
     std::vector<int> filteredSets_;
     bool filtered_ = false;

@@ -258,15 +258,12 @@ WindowChanges SimulatorChoices(const std::string& fsPath0, const std::string& fs
 
 bool AwaitsLaterWork(std::string_view controlName)
 {
-    // Installing, backing up and restoring from the window, AutoRandom's interval and set
-    // selection, the sound window, the last-installed list and the situations' own commands.
-    static constexpr std::array<std::string_view, 12> kLater = {
-        "cmdInst",           "cmdInstAndStart",
-        "cmdBackUp",         "cmdToOrg",
-        "lblAutoRandom",     "lblTime",
-        "mnuSound",          "mnuLastInst",
-        "mnuClearSituation", "mnuClearSituation2",
-        "mnuNotStartFs",     "mnuBkAll"};
+    // Installing and starting the simulator, backing up and restoring from the window,
+    // AutoRandom's interval and set selection, the sound window and the situations' own
+    // commands.
+    static constexpr std::array<std::string_view, 10> kLater = {
+        "cmdInstAndStart", "cmdBackUp",         "cmdToOrg",           "lblAutoRandom", "lblTime",
+        "mnuSound",        "mnuClearSituation", "mnuClearSituation2", "mnuNotStartFs", "mnuBkAll"};
     return std::find(kLater.begin(), kLater.end(), controlName) != kLater.end();
 }
 

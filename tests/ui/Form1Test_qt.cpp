@@ -460,10 +460,11 @@ private Q_SLOTS:
                                      QStringLiteral("mnuStopRefresh=Stop Refresh"),
                                      QStringLiteral("mnuHelp=Help")}));
         QCOMPARE(menu->actions().size(), 15); // a separator between every two items
-        for (const char* name : {"mnuSound", "mnuLastInst", "mnuClearSituation"}) {
+        for (const char* name : {"mnuSound", "mnuClearSituation"}) {
             QVERIFY2(Action(*window, name)->isVisible(), name);
             QVERIFY2(!Action(*window, name)->isEnabled(), name);
         }
+        QVERIFY(Action(*window, "mnuLastInst")->isEnabled());
         for (const char* name : {"mnuTime", "mnuWeather", "mnuStopRefresh", "mnuHelp"})
             QVERIFY2(!Action(*window, name)->isVisible(), name);
 
@@ -496,19 +497,55 @@ private Q_SLOTS:
     {
         Library library(false);
         const auto window = library.open();
-        for (const char* name : {"cmdInst", "cmdInstAndStart", "lblAutoRandom", "lblTime"}) {
+        for (const char* name : {"cmdInstAndStart", "lblAutoRandom", "lblTime"}) {
             QVERIFY2(Shown(*window, name), name);
             QVERIFY2(!Find(*window, name)->isEnabled(), name);
         }
         // Ticks do not bring them to life.
         Choose(Find<QComboBox>(*window, "cmbClouds"), QStringLiteral("Clear day"));
-        QVERIFY(!Find(*window, "cmdInst")->isEnabled());
+        QVERIFY(!Find(*window, "cmdInstAndStart")->isEnabled());
         QVERIFY(Find(*window, "cmdRandom")->isEnabled());
         // Nothing to choose yet: no situations, no second simulator.
         QVERIFY(!Find(*window, "optFLT")->isEnabled());
         QVERIFY(Find<QRadioButton>(*window, "optFs0")->isChecked());
         QVERIFY(!Find(*window, "optFs1")->isEnabled());
         QVERIFY(!window->findChild<QTimer*>(QStringLiteral("Timer1"))->isActive());
+    }
+
+    void installPutsTheTickedFilesInTheSimulatorAndTheRecordOutlivesTheWindow()
+    {
+        Library library(true);
+        auto window = library.open();
+        Choose(Find<QComboBox>(*window, "cmbClouds"), QStringLiteral("Runway halo"));
+        auto* cmdInst = Find(*window, "cmdInst");
+        QVERIFY(cmdInst->isEnabled());
+        Tick(Find<QListWidget>(*window, "lstClouds"), QStringLiteral("SunEffect.cfg"), false);
+        Click(cmdInst);
+
+        const auto& asked = library.fakes.messages.last();
+        QCOMPARE(QString::fromStdString(asked.title), QStringLiteral("Installation"));
+        QCOMPARE(
+            QString::fromStdString(asked.text),
+            QStringLiteral("*** Runway halo ***\n\nTexture set from above will be installed."));
+        QVERIFY(library.fakes.files.attributes(library.temp / "FS9/texture/halo.bmp"));
+        QVERIFY(!library.fakes.files.attributes(library.temp / "FS9/SunEffect.cfg"));
+
+        // Cancel installs nothing.
+        Choose(Find<QComboBox>(*window, "cmbClouds"), QStringLiteral("Clear day"));
+        library.fakes.messages.answerNext(MessageResult::Cancel);
+        Click(cmdInst);
+        QVERIFY(!library.fakes.files.attributes(library.temp / "FS9/texture/sky_day.bmp"));
+
+        Action(*window, "mnuLastInst")->trigger();
+        QCOMPARE(QString::fromStdString(library.fakes.messages.last().title),
+                 QStringLiteral("Last Installed Data"));
+        QVERIFY(library.fakes.messages.last().text.find("1     Runway       Runway halo\n") !=
+                std::string::npos);
+
+        window->close();
+        QCOMPARE(QString::fromStdString(library.temp.read("Vellumar/cloud.ini"))
+                     .contains(QStringLiteral("[LastInstalled]\r\n1=Runway halo,Runway\r\n")),
+                 true);
     }
 
     void theHelpLabelOpensTheHelpFolderWhenThereIsOne()

@@ -318,11 +318,11 @@ TEST(OptionSets, TheSubFoldersOfTheOptionGroup)
 
 TEST(Availability, CommandsOfLaterWorkStayDisabled)
 {
-    for (const char* name : {"cmdInst", "cmdInstAndStart", "cmdBackUp", "cmdToOrg", "lblTime",
-                             "lblAutoRandom", "mnuSound", "mnuLastInst", "mnuBkAll"})
+    for (const char* name : {"cmdInstAndStart", "cmdBackUp", "cmdToOrg", "lblTime", "lblAutoRandom",
+                             "mnuSound", "mnuBkAll"})
         EXPECT_TRUE(AwaitsLaterWork(name)) << name;
-    for (const char* name : {"cmdRandom", "cmdClose", "mnuShowIni", "mnuEndProg", "lstSky",
-                             "lblHelp", "lblOption", "mnuCheckCloudAll"})
+    for (const char* name : {"cmdInst", "mnuLastInst", "cmdRandom", "cmdClose", "mnuShowIni",
+                             "mnuEndProg", "lstSky", "lblHelp", "lblOption", "mnuCheckCloudAll"})
         EXPECT_FALSE(AwaitsLaterWork(name)) << name;
 }
 
