@@ -1,0 +1,50 @@
+#include "cDialog_qt.h"
+
+#include "FileDialogText.h"
+#include "FileHelpers.h"
+#include "PathText.h"
+#include "ResultText.h"
+
+#include <QDir>
+#include <QFileDialog>
+
+namespace vellumar {
+
+cDialog::cDialog(FileOperations& files, QWidget* owner)
+    : files_(files)
+    , owner_(owner)
+{}
+
+std::string cDialog::startPath() const
+{
+    const std::string folder =
+        IsOK(FolderExists(files_, InitialFolder)) ? InitialFolder : std::string();
+    if (folder.empty())
+        return DefaultFileName;
+    return DefaultFileName.empty() ? folder : JoinPath(folder, DefaultFileName);
+}
+
+std::string cDialog::ShowOpen()
+{
+    const QString title = QString::fromStdString(Title);
+    const QString start = QString::fromStdString(startPath());
+    const QString filter = QString::fromStdString(ToolkitFileFilter(Filter));
+    if (!Multiple)
+        return QDir::toNativeSeparators(QFileDialog::getOpenFileName(owner_, title, start, filter))
+            .toStdString();
+    TextList chosen;
+    for (const QString& path : QFileDialog::getOpenFileNames(owner_, title, start, filter))
+        chosen.push_back(QDir::toNativeSeparators(path).toStdString());
+    return MultipleFilesAnswer(chosen);
+}
+
+std::string cDialog::ShowSave()
+{
+    return QDir::toNativeSeparators(
+               QFileDialog::getSaveFileName(owner_, QString::fromStdString(Title),
+                                            QString::fromStdString(startPath()),
+                                            QString::fromStdString(ToolkitFileFilter(Filter))))
+        .toStdString();
+}
+
+} // namespace vellumar
