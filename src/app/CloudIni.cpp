@@ -246,7 +246,7 @@ const std::vector<std::pair<std::string, TextList>>& ToolTipControls()
 }
 
 LoadOutcome LoadCloudIni(Services& services, CloudIniFile& ini, ProgramPaths& paths,
-                         const TextList& installedFonts, DataFolderSettings& checks,
+                         const InstalledFonts& installedFonts, DataFolderSettings& checks,
                          CloudIniSettings& settings)
 {
     if (RunDataFolderChecks(services, ini, paths, installedFonts, checks) ==

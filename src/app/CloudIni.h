@@ -1,5 +1,6 @@
 #pragma once
 
+#include "InstalledFonts.h"
 #include "TextList.h"
 
 #include <array>
@@ -68,7 +69,7 @@ enum class LoadOutcome { Loaded, EndProgram };
 // and limits, the texture sets and the backup list. EndProgram after a fatal problem (the user
 // has been told, and [PathCheck] Check is "on" for the next start where the text says so).
 LoadOutcome LoadCloudIni(Services& services, CloudIniFile& ini, ProgramPaths& paths,
-                         const TextList& installedFonts, DataFolderSettings& checks,
+                         const InstalledFonts& installedFonts, DataFolderSettings& checks,
                          CloudIniSettings& settings);
 
 // The controls that receive the tip of each [ToolTipsText] key, in the table's order.

@@ -30,7 +30,7 @@ bool IsPresent(const std::string& value)
 }
 
 // The fonts named in cloud.ini must be installed; the report lists what could be used instead.
-void CheckFonts(Services& services, const CloudIniFile& ini, const TextList& installedFonts,
+void CheckFonts(Services& services, const CloudIniFile& ini, const InstalledFonts& installedFonts,
                 DataFolderSettings& settings)
 {
     const std::string proportional = ini.ReadIniValue("Font", "Proportional");
@@ -39,14 +39,17 @@ void CheckFonts(Services& services, const CloudIniFile& ini, const TextList& ins
         settings.ProportionalFont = proportional;
     if (IsPresent(fix))
         settings.FixFont = fix;
-    // Without windows the installed fonts are unknown, and there is nothing to check.
-    if (installedFonts.empty())
+    // Nothing named, nothing to look up; without windows the installed fonts are unknown.
+    if (settings.ProportionalFont.empty() && settings.FixFont.empty())
+        return;
+    const TextList& installed = installedFonts.families();
+    if (installed.empty())
         return;
 
     bool proportionalFound = settings.ProportionalFont.empty();
     bool fixFound = settings.FixFont.empty();
     TextList families;
-    EnumerateFonts(installedFonts, [&](const std::string& family) {
+    EnumerateFonts(installed, [&](const std::string& family) {
         proportionalFound =
             proportionalFound || EqualsIgnoreCase(family, settings.ProportionalFont);
         fixFound = fixFound || EqualsIgnoreCase(family, settings.FixFont);
@@ -179,7 +182,8 @@ std::string NoDataFolderText()
 }
 
 StartUpOutcome RunDataFolderChecks(Services& services, CloudIniFile& ini, ProgramPaths& paths,
-                                   const TextList& installedFonts, DataFolderSettings& settings)
+                                   const InstalledFonts& installedFonts,
+                                   DataFolderSettings& settings)
 {
     // 1. The path check: anything but on/off is taken as on.
     std::string pathCheck = ini.ReadIniValue("PathCheck", "Check");

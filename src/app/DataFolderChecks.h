@@ -1,5 +1,6 @@
 #pragma once
 
+#include "InstalledFonts.h"
 #include "SoundSettings.h"
 #include "TextList.h"
 
@@ -32,7 +33,8 @@ enum class StartUpOutcome { Continue, EndProgram };
 // texture library, the sounds, the splash pictures and the remaining folders. Sets
 // `paths.DataFolder`. EndProgram after a fatal problem, which the user has been told about.
 StartUpOutcome RunDataFolderChecks(Services& services, CloudIniFile& ini, ProgramPaths& paths,
-                                   const TextList& installedFonts, DataFolderSettings& settings);
+                                   const InstalledFonts& installedFonts,
+                                   DataFolderSettings& settings);
 
 // The text shown when data folders are missing.
 std::string NoDataFolderText();

@@ -16,8 +16,12 @@ ScreenFacts ReadScreenFacts()
     // reports more.
     if (const QScreen* screen = QGuiApplication::primaryScreen())
         facts.logicalDpiY = static_cast<int>(std::lround(screen->logicalDotsPerInchY()));
-    for (const QString& family : QFontDatabase::families())
-        facts.installedFonts.push_back(family.toStdString());
+    facts.installedFonts = InstalledFonts([] {
+        TextList families;
+        for (const QString& family : QFontDatabase::families())
+            families.push_back(family.toStdString());
+        return families;
+    });
     return facts;
 }
 

@@ -22,7 +22,7 @@ struct ProgramState {
 // What the windows tell the start-up about the screen and the fonts.
 struct ScreenFacts {
     int logicalDpiY = 96;
-    TextList installedFonts;
+    InstalledFonts installedFonts;
 };
 
 // The start-up up to a loaded configuration: the system folders, the screen check, cloud.ini

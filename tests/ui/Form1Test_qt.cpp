@@ -568,7 +568,7 @@ private Q_SLOTS:
     void tipsAndTheProportionalFontComeFromCloudIni()
     {
         Library library(false, "[Font]\r\nProportional=Vellumar Test Sans\r\n");
-        library.screen.installedFonts = {"Vellumar Test Sans", "Other"};
+        library.screen.installedFonts = TextList{"Vellumar Test Sans", "Other"};
         const auto window = library.open();
         QCOMPARE(Find(*window, "lstSky")->toolTip(), QStringLiteral("Every set"));
         for (const char* name :
