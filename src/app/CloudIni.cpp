@@ -228,6 +228,17 @@ void ReadBackupList(const CloudIniFile& ini, CloudIniSettings& settings)
 
 } // namespace
 
+bool IniChangedDuringRun(MessageService& messages, const CloudIniFile& ini)
+{
+    if (!ini.ChangedByOthers())
+        return false;
+    messages.ShowMessage("Ini file was changed during run Vellumar.\n"
+                         "Don't change the Ini file on running Vellumar.\n"
+                         "Vellumar will be Stopped...",
+                         MessageStyle::OKOnly | MessageStyle::Critical, "Ini changed");
+    return true;
+}
+
 const std::vector<std::pair<std::string, TextList>>& ToolTipControls()
 {
     static const std::vector<std::pair<std::string, TextList>> table = {

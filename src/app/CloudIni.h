@@ -12,6 +12,7 @@
 namespace vellumar {
 
 class CloudIniFile;
+class MessageService;
 struct DataFolderSettings;
 struct ProgramPaths;
 struct Services;
@@ -71,6 +72,11 @@ enum class LoadOutcome { Loaded, EndProgram };
 LoadOutcome LoadCloudIni(Services& services, CloudIniFile& ini, ProgramPaths& paths,
                          const InstalledFonts& installedFonts, DataFolderSettings& checks,
                          CloudIniSettings& settings);
+
+// The change watch: true (after telling the user, who is about to lose the program) when
+// cloud.ini was edited by someone else while the program ran; the caller then closes the main
+// window. Run before the program acts on settings it keeps in cloud.ini.
+bool IniChangedDuringRun(MessageService& messages, const CloudIniFile& ini);
 
 // The controls that receive the tip of each [ToolTipsText] key, in the table's order.
 const std::vector<std::pair<std::string, TextList>>& ToolTipControls();

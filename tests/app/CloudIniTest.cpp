@@ -257,5 +257,23 @@ TEST_F(CloudIniTest, TheSplashCounterIsReadFromStartSelOnlyWhenSplashesExist)
     EXPECT_EQ(settings.SplashMode, "order");
 }
 
+TEST_F(CloudIniTest, AnEditByAnotherProgramIsCaughtBeforeTheProgramActsOnIt)
+{
+    install("");
+    CloudIniFile ini(fakes.files, fakes.messages, temp / "cloud.ini");
+    ini.RecordTimeStamp();
+    ini.Write("Sound", "Ch1Vol", "70"); // the program's own write keeps the watch quiet
+    EXPECT_FALSE(IniChangedDuringRun(fakes.messages, ini));
+    EXPECT_TRUE(fakes.messages.empty());
+
+    temp.write("cloud.ini", temp.read("cloud.ini") + "[Edited]\r\nBy=hand\r\n");
+    EXPECT_TRUE(IniChangedDuringRun(fakes.messages, ini));
+    EXPECT_EQ(fakes.messages.last().title, "Ini changed");
+    EXPECT_EQ(fakes.messages.last().style, MessageStyle::Critical);
+    EXPECT_EQ(fakes.messages.last().text, "Ini file was changed during run Vellumar.\n"
+                                          "Don't change the Ini file on running Vellumar.\n"
+                                          "Vellumar will be Stopped...");
+}
+
 } // namespace
 } // namespace vellumar
