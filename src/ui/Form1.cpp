@@ -1,6 +1,6 @@
 #include "Form1.h"
 
-#include "ApplyProportionalFont.h"
+#include "ApplyProportionalFont_qt.h"
 #include "ArrowComboBox.h"
 #include "Backup.h"
 #include "ClickableLabel.h"

@@ -1,4 +1,4 @@
-#include "ApplyProportionalFont.h"
+#include "ApplyProportionalFont_qt.h"
 
 #include <QWidget>
 
