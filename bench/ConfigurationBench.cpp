@@ -10,6 +10,7 @@
 #include "FolderBrowser.h"
 #include "GeneratedLibrary.h"
 #include "MessageService.h"
+#include "NoWindows.h"
 #include "ProcessLauncher.h"
 #include "ProgramPaths.h"
 #include "Registry.h"
@@ -38,16 +39,6 @@ public:
     int shown = 0;
 };
 
-class IdlePump final : public EventPump {
-public:
-    void DoEvents() override {}
-};
-
-class NoBrowser final : public FolderBrowser {
-public:
-    std::string BrowseForFolder(const std::string&, int, const std::string&) override { return {}; }
-};
-
 const std::string& Library()
 {
     static const std::string home = GenerateLibrary(ScratchFolder() + "/library", 1000, 30);
@@ -58,12 +49,12 @@ void BM_LoadCloudIni1000Sets(benchmark::State& state)
 {
     const std::string& home = Library();
     SilentMessages messages;
-    IdlePump events;
+    NoWindowsEventPump events;
     const auto files = CreatePlatformFileOperations();
     const auto registry = CreatePlatformRegistry();
     const auto folders = CreatePlatformSystemFolders();
     const auto launcher = CreatePlatformProcessLauncher();
-    NoBrowser browser;
+    NoWindowsFolderBrowser browser;
     Services services{messages, events, *files, *registry, *folders, *launcher, browser};
     std::filesystem::create_directories(home + "/AppData/Microsoft/FS9");
     std::ofstream(home + "/AppData/Microsoft/FS9/fs9.cfg");

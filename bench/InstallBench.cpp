@@ -9,6 +9,7 @@
 #include "Install.h"
 #include "LastInstalled.h"
 #include "MessageService.h"
+#include "NoWindows.h"
 
 #include <benchmark/benchmark.h>
 
@@ -31,11 +32,6 @@ public:
     {
         return ShowMessage(text, style, title);
     }
-};
-
-class IdlePump final : public EventPump {
-public:
-    void DoEvents() override {}
 };
 
 struct LargeSet {
@@ -68,7 +64,7 @@ void BM_Install50x4MB(benchmark::State& state)
 {
     const LargeSet& set = Large();
     YesMessages messages;
-    IdlePump events;
+    NoWindowsEventPump events;
     const auto files = CreatePlatformFileOperations();
     TextureServices services{messages, *files, events};
     const TextureFolders folders{set.simulator, set.simulator + "/texture",

@@ -16,8 +16,7 @@ namespace vellumar {
 
 namespace {
 
-// Folder-browser flags of the original dialog (an edit box, no network domains); Qt's
-// dialog always has both, so the value only documents the intent.
+// The folder browser's tree starts at the desktop.
 constexpr int kBrowseRootDesktop = 0;
 
 bool HoldsSimulator(Services& services, const std::string& folder)

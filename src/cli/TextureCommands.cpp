@@ -84,12 +84,6 @@ TickList Ticks(const TextList& offered, const TextList& only)
     return ticks;
 }
 
-TextureFolders FoldersOf(const ProgramState& state)
-{
-    return {state.paths.FsPath, state.paths.FsTexturePath, BackupFolderOf(state.paths.DataFolder),
-            state.paths.DataFolder};
-}
-
 class TextureCommand {
 public:
     TextureCommand(Services& services, const SetAnswers& setAnswers, std::ostream& out,
@@ -163,7 +157,7 @@ public:
                                 : ConsoleMessageService::Answers::No);
         TextureServices textures = servicesForTextures();
         const InstallOutcome outcome =
-            InstallTextureSet(textures, FoldersOf(state_), request, record);
+            InstallTextureSet(textures, TextureFoldersOf(state_.paths), request, record);
         // Saved as the program saves it when its window closes.
         record.SaveLastInstalled(*state_.ini, services_.events);
         return outcome.installed ? CliExit::Success : CliExit::Failed;
@@ -180,8 +174,9 @@ public:
         setAnswers_(options.yes ? ConsoleMessageService::Answers::Yes
                                 : ConsoleMessageService::Answers::No);
         TextureServices textures = servicesForTextures();
-        return RestoreOriginals(textures, FoldersOf(state_), files, {}) ? CliExit::Success
-                                                                        : CliExit::Failed;
+        return RestoreOriginals(textures, TextureFoldersOf(state_.paths), files, {})
+                   ? CliExit::Success
+                   : CliExit::Failed;
     }
 
     int last()

@@ -3,35 +3,14 @@
 #include "CliCommands.h"
 #include "CommandLine.h"
 #include "ConsoleMessageService.h"
-#include "EventPump.h"
 #include "FileOperations.h"
-#include "FolderBrowser.h"
+#include "NoWindows.h"
 #include "ProcessLauncher.h"
 #include "Registry.h"
 #include "Services.h"
 #include "SystemFolders.h"
 
 #include <iostream>
-
-namespace {
-
-// Nothing to keep alive without windows.
-class NoWindowsEventPump final : public vellumar::EventPump {
-public:
-    void DoEvents() override {}
-};
-
-// Without windows there is nobody to choose a folder: the question counts as cancelled.
-class NoWindowsFolderBrowser final : public vellumar::FolderBrowser {
-public:
-    std::string BrowseForFolder(const std::string& prompt, int, const std::string&) override
-    {
-        std::cerr << prompt << "\n(no folder can be chosen without windows)\n";
-        return {};
-    }
-};
-
-} // namespace
 
 int main(int argc, char** argv)
 {

@@ -13,11 +13,6 @@
 
 namespace vellumar {
 
-std::string BackupFolderOf(const std::string& dataFolder)
-{
-    return JoinPath(dataFolder, "BackUp");
-}
-
 bool BackupExists(FileOperations& files, const TextureFolders& folders, const std::string& name)
 {
     return IsOK(FileExists(files, JoinPath(folders.BackupFolder, name)));

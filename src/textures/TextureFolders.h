@@ -10,6 +10,7 @@ namespace vellumar {
 class EventPump;
 class FileOperations;
 class MessageService;
+struct ProgramPaths;
 
 // The folders an install, backup or restore works between.
 struct TextureFolders {
@@ -21,6 +22,9 @@ struct TextureFolders {
 
 // The backup folder of a data folder.
 std::string BackupFolderOf(const std::string& dataFolder);
+
+// The folders of the running program: the chosen simulator and the data folder.
+TextureFolders TextureFoldersOf(const ProgramPaths& paths);
 
 // A list of the main window: its entries and which of them are ticked.
 using TickList = std::vector<std::pair<std::string, bool>>;

@@ -982,9 +982,8 @@ void Form1::cmdInst_Click()
     request.backupOriginals = state_.settings.BackupOriginals;
     TextureServices textures{services_.messages, services_.files, services_.events,
                              [this](const std::string& text) { ShowStatus(text); }};
-    const TextureFolders folders{state_.paths.FsPath, state_.paths.FsTexturePath,
-                                 BackupFolderOf(state_.paths.DataFolder), state_.paths.DataFolder};
-    if (InstallTextureSet(textures, folders, request, record_).stopAutoRandom)
+    if (InstallTextureSet(textures, TextureFoldersOf(state_.paths), request, record_)
+            .stopAutoRandom)
         AutoRandomOff();
 }
 

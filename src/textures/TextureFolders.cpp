@@ -1,0 +1,18 @@
+#include "TextureFolders.h"
+
+#include "PathText.h"
+#include "ProgramPaths.h"
+
+namespace vellumar {
+
+std::string BackupFolderOf(const std::string& dataFolder)
+{
+    return JoinPath(dataFolder, "BackUp");
+}
+
+TextureFolders TextureFoldersOf(const ProgramPaths& paths)
+{
+    return {paths.FsPath, paths.FsTexturePath, BackupFolderOf(paths.DataFolder), paths.DataFolder};
+}
+
+} // namespace vellumar
