@@ -23,6 +23,7 @@
 #include <QLinearGradient>
 #include <QMenu>
 #include <QPainter>
+#include <QProgressBar>
 #include <QStyleFactory>
 #include <QTest>
 #include <QWindow>
@@ -156,6 +157,20 @@ int main(int argc, char** argv)
         Settle();
         saved &= Save(GrabWithMenu(*window, *trayMenu), folder, "main-window-tray-menu.png");
         trayMenu->hide();
+    }
+    {
+        // The backup commands, which only a program switched to keep originals shows, and a
+        // long copy under way (staged: the bar as it stands part-way through a large set).
+        program.state.settings.BackupOriginals = true;
+        auto window = OpenWindow(program, true);
+        program.state.settings.BackupOriginals = false;
+        window->findChild<QLabel*>(QStringLiteral("lblMsg"))
+            ->setText(QStringLiteral("Copying cld03.bmp"));
+        auto* bar = window->findChild<QProgressBar*>(QStringLiteral("prgCopy"));
+        bar->setValue(420);
+        bar->show();
+        Settle();
+        saved &= Save(window->grab(), folder, "main-window-copying.png");
     }
     return saved ? EXIT_SUCCESS : EXIT_FAILURE;
 }

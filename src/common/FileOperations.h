@@ -47,6 +47,8 @@ public:
     // Only the read-only bit is honoured where the platform has no other attributes.
     virtual bool setAttributes(const std::string& path, std::uint32_t attributes) = 0;
     virtual std::optional<FileTime> modificationTime(const std::string& path) = 0;
+    // The size in bytes of an existing file; nothing when it does not exist.
+    virtual std::optional<std::uint64_t> fileSize(const std::string& path) = 0;
 
     // Copies a file; fails when the target exists, as copies never overwrite.
     virtual bool copyFile(const std::string& source, const std::string& target) = 0;

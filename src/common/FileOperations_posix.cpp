@@ -206,6 +206,14 @@ public:
         return ToFileTime(st.st_mtim);
     }
 
+    std::optional<std::uint64_t> fileSize(const std::string& path) override
+    {
+        struct stat st {};
+        if (::stat(resolve(path).c_str(), &st) != 0 || S_ISDIR(st.st_mode))
+            return std::nullopt;
+        return static_cast<std::uint64_t>(st.st_size);
+    }
+
     bool copyFile(const std::string& source, const std::string& target) override
     {
         const std::string from = resolve(source);

@@ -237,6 +237,15 @@ public:
         return (ticks - kTicksFrom1601To1970) * 100;
     }
 
+    std::optional<std::uint64_t> fileSize(const std::string& path) override
+    {
+        WIN32_FILE_ATTRIBUTE_DATA data;
+        if (!GetFileAttributesExW(NativePath(path).c_str(), GetFileExInfoStandard, &data) ||
+            (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
+            return std::nullopt;
+        return (static_cast<std::uint64_t>(data.nFileSizeHigh) << 32) | data.nFileSizeLow;
+    }
+
     bool copyFile(const std::string& source, const std::string& target) override
     {
         // The system's copy keeps the time stamp and the attributes, read-only included.

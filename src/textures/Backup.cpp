@@ -1,5 +1,6 @@
 #include "Backup.h"
 
+#include "CopyProgress.h"
 #include "EventPump.h"
 #include "FileHelpers.h"
 #include "FileOperations.h"
@@ -44,10 +45,15 @@ bool CopyToBackup(TextureServices& services, const std::string& source, const st
 bool BackupFileList(TextureServices& services, const TextureFolders& folders, const TextList& names,
                     bool compare, bool ask)
 {
-    for (const std::string& name : names) {
-        services.showStatus("Copying " + name);
-        if (!CopyToBackup(services, JoinPath(folders.FsTexturePath, name),
-                          JoinPath(folders.BackupFolder, name), compare, ask))
+    TextList originals;
+    originals.reserve(names.size());
+    for (const std::string& name : names)
+        originals.push_back(JoinPath(folders.FsTexturePath, name));
+    CopyProgress progress(services, originals);
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        progress.Starting(i, names[i]);
+        if (!CopyToBackup(services, originals[i], JoinPath(folders.BackupFolder, names[i]), compare,
+                          ask))
             return false;
     }
     return true;
@@ -85,18 +91,14 @@ bool RebackupAll(TextureServices& services, const TextureFolders& folders, bool 
     ListFilesInTree(services.files, services.events, JoinPath(folders.DataFolder, "Texture"), "*.*",
                     everything);
     std::unordered_set<std::string> seen;
+    TextList originals;
     for (const std::string& path : everything) {
         const std::string name = LastPathComponent(path);
-        if (!seen.insert(ToLowerAscii(name)).second)
-            continue;
-        const std::string original = JoinPath(folders.FsTexturePath, name);
-        if (IsError(FileExists(services.files, original)))
-            continue;
-        services.showStatus("Copying " + name);
-        if (!CopyToBackup(services, original, JoinPath(folders.BackupFolder, name), compare, ask))
-            return false;
+        if (seen.insert(ToLowerAscii(name)).second &&
+            !IsError(FileExists(services.files, JoinPath(folders.FsTexturePath, name))))
+            originals.push_back(name);
     }
-    return true;
+    return BackupFileList(services, folders, originals, compare, ask);
 }
 
 void mnuBkAll_Click(TextureServices& services, const TextureFolders& folders,

@@ -1,6 +1,7 @@
 #include "Install.h"
 
 #include "Backup.h"
+#include "CopyProgress.h"
 #include "EventPump.h"
 #include "FileHelpers.h"
 #include "FileOperations.h"
@@ -97,17 +98,15 @@ std::string DestinationFolder(const TextureFolders& folders, const std::string& 
 }
 
 bool CopySetFilesToSimulator(TextureServices& services, const TextureFolders& folders,
-                             const TextList& sources, const TextList& names,
-                             const std::function<void(std::size_t, std::size_t)>& progress)
+                             const TextList& sources, const TextList& names)
 {
     if (sources.empty())
         return true;
     const bool effectsInstall = std::any_of(
         names.begin(), names.end(), [](const std::string& name) { return Ending(name) == ".fx"; });
+    CopyProgress progress(services, sources);
     for (std::size_t i = 0; i < sources.size(); ++i) {
-        if (progress)
-            progress(i, sources.size());
-        services.events.DoEvents();
+        progress.Starting(i, names[i]);
         const std::string target =
             JoinPath(DestinationFolder(folders, names[i], effectsInstall), names[i]);
         if (!PlaceFile(services, sources[i], target))
@@ -189,10 +188,7 @@ InstallOutcome InstallTextureSet(TextureServices& services, const TextureFolders
     const std::string dataType =
         GetSetDataType(services.files, services.events, request.cloudSetFolder);
     InstallOutcome outcome;
-    if (CopySetFilesToSimulator(services, folders, collected.sources, collected.names,
-                                [&](std::size_t index, std::size_t) {
-                                    services.showStatus("Copying " + collected.names[index]);
-                                })) {
+    if (CopySetFilesToSimulator(services, folders, collected.sources, collected.names)) {
         record.AddLastInstalled(setName, dataType);
         outcome.installed = true;
     } else {

@@ -17,10 +17,9 @@ std::string DestinationFolder(const TextureFolders& folders, const std::string& 
 // Places each file of an installation in the simulator. A target is replaced by a copy under a
 // temporary name that is then swapped in, so a failed copy leaves the simulator's file as it
 // was. Stops at the first failure with the "Install Error" message; files placed before it stay.
-// `progress` hears of each file before it is copied (index from 0, count).
+// The window hears of each file before it is copied (see CopyProgress).
 bool CopySetFilesToSimulator(TextureServices& services, const TextureFolders& folders,
-                             const TextList& sources, const TextList& names,
-                             const std::function<void(std::size_t, std::size_t)>& progress = {});
+                             const TextList& sources, const TextList& names);
 
 struct InstallRequest {
     std::string setName;         // the text of cmbClouds

@@ -1,6 +1,7 @@
 #include "Restore.h"
 
 #include "Backup.h"
+#include "CopyProgress.h"
 #include "FileHelpers.h"
 #include "MessageService.h"
 #include "PathText.h"
@@ -48,13 +49,17 @@ bool RestoreOriginals(TextureServices& services, const TextureFolders& folders,
 bool CopyBackToSimulator(TextureServices& services, const TextureFolders& folders,
                          const TextList& names)
 {
+    TextList backups;
+    backups.reserve(names.size());
+    for (const std::string& name : names)
+        backups.push_back(JoinPath(folders.BackupFolder, name));
+    CopyProgress progress(services, backups);
     bool all = true;
-    for (const std::string& name : names) {
-        services.showStatus("Copying " + name);
-        const std::string backup = JoinPath(folders.BackupFolder, name);
-        if (IsOK(FileExists(services.files, backup)))
-            all = ReplaceFileWithCopy(services.files, backup,
-                                      JoinPath(folders.FsTexturePath, name)) &&
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        progress.Starting(i, names[i]);
+        if (IsOK(FileExists(services.files, backups[i])))
+            all = ReplaceFileWithCopy(services.files, backups[i],
+                                      JoinPath(folders.FsTexturePath, names[i])) &&
                   all;
     }
     return all;

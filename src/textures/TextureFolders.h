@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <utility>
@@ -36,6 +37,9 @@ struct TextureServices {
     EventPump& events;
     // The main window's status line (lblMsg); shows progress such as "Copying name".
     std::function<void(const std::string&)> showStatus = [](const std::string&) {};
+    // How many bytes of a run of copies are done, of how many; done equals total at its end.
+    std::function<void(std::uint64_t done, std::uint64_t total)> showProgress =
+        [](std::uint64_t, std::uint64_t) {};
 };
 
 } // namespace vellumar

@@ -13,6 +13,7 @@
 #include "PictureButton.h"
 #include "PictureView.h"
 #include "ProcessLauncher.h"
+#include "Restore.h"
 #include "ResultText.h"
 #include "Services.h"
 #include "SetCatalogue.h"
@@ -22,6 +23,7 @@
 #include "TickBox.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
@@ -32,6 +34,7 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QProgressBar>
 #include <QRadioButton>
 #include <QScreen>
 #include <QSignalBlocker>
@@ -311,8 +314,17 @@ void Form1::CreateControls()
 
     // The instrument strip: the status readout, then AutoRandom, the menu and help.
     lblMsg_ = Named(new ReadoutLabel(skin::ReadoutAmber()), "lblMsg");
-    lblMsg_->setMinimumHeight(28);
+    lblMsg_->setMinimumHeight(30);
     lblMsg_->setTextFormat(Qt::PlainText);
+    // The text stands a little high, leaving the lower edge to the copy progress.
+    lblMsg_->setContentsMargins(10, 2, 10, 6);
+    // A long copy fills a thin bar along the readout's lower edge, under the file's name.
+    prgCopy_ = Named(new QProgressBar, "prgCopy");
+    prgCopy_->setRange(0, 1000);
+    prgCopy_->setTextVisible(false);
+    prgCopy_->setFixedHeight(3);
+    prgCopy_->hide();
+    lblMsg_->setLowerEdgeBar(prgCopy_);
     body->addSpacing(2);
     body->addWidget(lblMsg_);
     auto* bottomRow = new QHBoxLayout;
@@ -370,7 +382,8 @@ void Form1::CreateMenus()
             [this] { mnuCheckAll(lstOption_, true); });
 
     mnuPopUpBkAll_ = NewMenu(this, "mnuPopUpBkAll");
-    AddItem(mnuPopUpBkAll_, "mnuBkAll", "Re-backup all set again");
+    connect(AddItem(mnuPopUpBkAll_, "mnuBkAll", "Re-backup all set again"), &QAction::triggered,
+            this, &Form1::mnuBkAll_Click);
 
     mnuPopUpTaskTray_ = NewMenu(this, "mnuPopUpTaskTray");
     connect(AddItem(mnuPopUpTaskTray_, "mnuEndProg", "Close Vellumar"), &QAction::triggered, this,
@@ -412,6 +425,8 @@ void Form1::Connect()
     connect(cmdInst_, &QAbstractButton::clicked, this, &Form1::cmdInst_Click);
     connect(cmdInstAndStart_, &PictureButton::rightPressed, this,
             [this](const QPoint& at) { PopUp(mnuPopUpStartMode_, at); });
+    connect(cmdBackUp_, &QAbstractButton::clicked, this, &Form1::cmdBackUp_Click);
+    connect(cmdToOrg_, &QAbstractButton::clicked, this, &Form1::cmdToOrg_Click);
     connect(cmdBackUp_, &PictureButton::rightPressed, this,
             [this](const QPoint& at) { PopUp(mnuPopUpBkAll_, at); });
 
@@ -980,11 +995,54 @@ void Form1::cmdInst_Click()
     request.hideSetName = windowState_.HideSetName;
     request.autoRandomRunning = state_.settings.AutoRandomInterval != 0;
     request.backupOriginals = state_.settings.BackupOriginals;
-    TextureServices textures{services_.messages, services_.files, services_.events,
-                             [this](const std::string& text) { ShowStatus(text); }};
+    TextureServices textures = Textures();
     if (InstallTextureSet(textures, TextureFoldersOf(state_.paths), request, record_)
             .stopAutoRandom)
         AutoRandomOff();
+}
+
+void Form1::cmdBackUp_Click()
+{
+    // The status line names the set, shows each copy, and names the set again when done.
+    const std::string shown = SetStatusText(windowState_, cmbClouds_->currentText().toStdString());
+    ShowStatus(shown);
+    TextureServices textures = Textures();
+    BackupSelectedFiles(textures, TextureFoldersOf(state_.paths), ReadTicks(lstClouds_),
+                        ReadTicks(lstOption_));
+    ShowStatus(shown);
+}
+
+void Form1::mnuBkAll_Click()
+{
+    TextureServices textures = Textures();
+    vellumar::mnuBkAll_Click(textures, TextureFoldersOf(state_.paths),
+                             [] { QApplication::beep(); });
+    ShowStatus(SetStatusText(windowState_, cmbClouds_->currentText().toStdString()));
+}
+
+void Form1::cmdToOrg_Click()
+{
+    const std::string shown = SetStatusText(windowState_, cmbClouds_->currentText().toStdString());
+    ShowStatus(shown);
+    TextureServices textures = Textures();
+    RestoreOriginals(textures, TextureFoldersOf(state_.paths), ReadTicks(lstClouds_),
+                     ReadTicks(lstOption_));
+    ShowStatus(shown);
+    SysTrayIcon(true);
+}
+
+TextureServices Form1::Textures()
+{
+    return {services_.messages, services_.files, services_.events,
+            [this](const std::string& text) { ShowStatus(text); },
+            [this](std::uint64_t done, std::uint64_t total) { ShowCopyProgress(done, total); }};
+}
+
+void Form1::ShowCopyProgress(std::uint64_t done, std::uint64_t total)
+{
+    const CopyBar bar = CopyBarFor(done, total);
+    prgCopy_->setValue(bar.perMille);
+    prgCopy_->setVisible(bar.visible);
 }
 
 void Form1::mnuLastInst_Click()

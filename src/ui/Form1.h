@@ -9,6 +9,7 @@
 #include <QWidget>
 
 #include <array>
+#include <cstdint>
 #include <functional>
 #include <string>
 
@@ -20,6 +21,7 @@ class QLabel;
 class QListWidget;
 class QListWidgetItem;
 class QMenu;
+class QProgressBar;
 class QRadioButton;
 class QTimer;
 
@@ -89,6 +91,9 @@ private:
     void optFs_Click(int index);
     void cmdRandom_Click();
     void cmdInst_Click();
+    void cmdBackUp_Click();
+    void mnuBkAll_Click();
+    void cmdToOrg_Click();
     void mnuLastInst_Click();
     void cmdMin_Click();
     void cmdClose_Click();
@@ -107,6 +112,9 @@ private:
     void ShowTrailSwitch();
     void ShowFilterColours(int chosen);
     void ShowStatus(const std::string& text);
+    void ShowCopyProgress(std::uint64_t done, std::uint64_t total);
+    // The services of an install, backup or restore, reporting to this window.
+    TextureServices Textures();
     void Apply(const WindowChanges& changes);
     void PopUp(QMenu* menu, const QPoint& globalPosition);
 
@@ -144,6 +152,7 @@ private:
     ClickableLabel* lblAutoRandom_ = nullptr;
     ReadoutLabel* lblTime_ = nullptr;
     ReadoutLabel* lblMsg_ = nullptr;
+    QProgressBar* prgCopy_ = nullptr;
     QLabel* lblFunc_ = nullptr;
     ClickableLabel* lblHelp_ = nullptr;
     PictureView* ImgSky_ = nullptr;

@@ -256,14 +256,20 @@ WindowChanges SimulatorChoices(const std::string& fsPath0, const std::string& fs
     return changes;
 }
 
+CopyBar CopyBarFor(std::uint64_t done, std::uint64_t total)
+{
+    if (total < kCopyBarBytes || done >= total)
+        return {};
+    return {true, static_cast<int>(done * 1000 / total)};
+}
+
 bool AwaitsLaterWork(std::string_view controlName)
 {
-    // Installing and starting the simulator, backing up and restoring from the window,
-    // AutoRandom's interval and set selection, the sound window and the situations' own
-    // commands.
-    static constexpr std::array<std::string_view, 10> kLater = {
-        "cmdInstAndStart", "cmdBackUp",         "cmdToOrg",           "lblAutoRandom", "lblTime",
-        "mnuSound",        "mnuClearSituation", "mnuClearSituation2", "mnuNotStartFs", "mnuBkAll"};
+    // Installing and starting the simulator, AutoRandom's interval and set selection, the
+    // sound window and the situations' own commands.
+    static constexpr std::array<std::string_view, 7> kLater = {
+        "cmdInstAndStart",   "lblAutoRandom",      "lblTime",      "mnuSound",
+        "mnuClearSituation", "mnuClearSituation2", "mnuNotStartFs"};
     return std::find(kLater.begin(), kLater.end(), controlName) != kLater.end();
 }
 

@@ -3,6 +3,7 @@
 #include "TextList.h"
 #include "TextureFolders.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -132,6 +133,16 @@ std::string HelpFolder(const std::string& programPath);
 
 // A simulator choice (optFs) can be taken only when its folder is known.
 WindowChanges SimulatorChoices(const std::string& fsPath0, const std::string& fsPath1);
+
+// The copy progress bar under the status line: shown while a run of copies of at least
+// kCopyBarBytes is under way (smaller runs finish before a bar could say anything), filled
+// to `perMille`.
+inline constexpr std::uint64_t kCopyBarBytes = 32u * 1024 * 1024;
+struct CopyBar {
+    bool visible = false;
+    int perMille = 0;
+};
+CopyBar CopyBarFor(std::uint64_t done, std::uint64_t total);
 
 // Controls and menu items whose work is not part of this build yet: they stay disabled
 // whatever the rules above say, rather than pretend to act.

@@ -30,6 +30,14 @@ TEST_F(PosixFileOperationsTest, ResolveFindsTheSpellingOnDisk)
     EXPECT_EQ(files->resolve(temp.path() + "\\DATA\\new\\File.txt"), temp / "Data/new/File.txt");
 }
 
+TEST_F(PosixFileOperationsTest, SizesAreOfFilesFoundInAnyLetterCase)
+{
+    temp.write("Texture/Cloud1.bmp", std::string(70000, 'c'));
+    EXPECT_EQ(files->fileSize(temp.path() + "\\texture\\CLOUD1.BMP"), 70000u);
+    EXPECT_EQ(files->fileSize(temp.path() + "\\Texture"), std::nullopt);
+    EXPECT_EQ(files->fileSize(temp.path() + "\\Texture\\missing.bmp"), std::nullopt);
+}
+
 TEST_F(PosixFileOperationsTest, OfSeveralCaseVariantsTheFirstInListingOrderWins)
 {
     temp.write("dir/readme.TXT", "lower");

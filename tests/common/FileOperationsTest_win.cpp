@@ -232,6 +232,9 @@ TEST_F(WindowsFileOperationsTest, ReadingAFolderOrAMissingFileGivesNothing)
     EXPECT_EQ(files->readFile(temp.path() + "\\missing.txt"), std::nullopt);
     const std::string big(300000, 'b');
     EXPECT_EQ(files->readFile(temp.write("big.bin", big)), big);
+    EXPECT_EQ(files->fileSize(temp.path() + "\\BIG.bin"), 300000u);
+    EXPECT_EQ(files->fileSize(temp.path()), std::nullopt);
+    EXPECT_EQ(files->fileSize(temp.path() + "\\missing.txt"), std::nullopt);
 }
 
 } // namespace

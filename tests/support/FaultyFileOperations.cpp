@@ -26,6 +26,11 @@ std::optional<FileTime> FaultyFileOperations::modificationTime(const std::string
     return real_->modificationTime(path);
 }
 
+std::optional<std::uint64_t> FaultyFileOperations::fileSize(const std::string& path)
+{
+    return real_->fileSize(path);
+}
+
 bool FaultyFileOperations::copyFile(const std::string& source, const std::string& target)
 {
     ++copies;

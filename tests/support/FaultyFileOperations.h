@@ -28,6 +28,7 @@ public:
     std::optional<std::uint32_t> attributes(const std::string& path) override;
     bool setAttributes(const std::string& path, std::uint32_t attributes) override;
     std::optional<FileTime> modificationTime(const std::string& path) override;
+    std::optional<std::uint64_t> fileSize(const std::string& path) override;
     bool copyFile(const std::string& source, const std::string& target) override;
     bool moveFile(const std::string& source, const std::string& target) override;
     bool renameOver(const std::string& source, const std::string& target) override;

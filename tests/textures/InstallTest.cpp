@@ -8,6 +8,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <utility>
+#include <vector>
+
 namespace vellumar {
 namespace {
 
@@ -20,9 +24,13 @@ protected:
     TextureFolders folders;
     LastInstalledRecord record;
     TextList status;
+    std::vector<std::pair<std::uint64_t, std::uint64_t>> progress;
 
     InstallTest()
     {
+        services.showProgress = [this](std::uint64_t done, std::uint64_t total) {
+            progress.emplace_back(done, total);
+        };
         folders.FsPath = temp.makeFolder("FS9");
         folders.FsTexturePath = temp.makeFolder("FS9/texture");
         temp.makeFolder("FS9/weather/clouds");
@@ -80,6 +88,24 @@ TEST_F(InstallTest, EachFileGoesWhereTheSimulatorReadsIt)
     ASSERT_EQ(record.entries().size(), 1u);
     EXPECT_EQ(record.entries()[0].setName, "Summer haze");
     EXPECT_EQ(record.entries()[0].dataType, "Cumulus");
+}
+
+TEST_F(InstallTest, EachFileIsAnnouncedWithTheBytesBeforeItAndTheWindowStaysAlive)
+{
+    temp.write("Texture/Clouds/Sizes/a.bmp", std::string(1000, 'a'));
+    temp.write("Texture/Clouds/Sizes/b.bmp", std::string(30, 'b'));
+    temp.write("Texture/Clouds/Sizes/c.bmp", std::string(500, 'c'));
+    const int pumpedBefore = fakes.events.calls;
+    ASSERT_TRUE(InstallTextureSet(
+                    services, folders,
+                    request(temp / "Texture/Clouds/Sizes", AllTicked({"a.bmp", "b.bmp", "c.bmp"})),
+                    record)
+                    .installed);
+    using Step = std::pair<std::uint64_t, std::uint64_t>;
+    EXPECT_EQ(progress, (std::vector<Step>{{0, 1530}, {1000, 1530}, {1030, 1530}, {1530, 1530}}));
+    EXPECT_EQ(status, (TextList{"Summer haze", "Copying a.bmp", "Copying b.bmp", "Copying c.bmp",
+                                "Summer haze"}));
+    EXPECT_GE(fakes.events.calls - pumpedBefore, 3);
 }
 
 TEST_F(InstallTest, OneEffectFileSendsEveryBitmapToTheEffectTextures)
@@ -197,6 +223,9 @@ TEST_F(InstallTest, ACopyFailingHalfWayLeavesEveryTargetWholeAndNoTemporaryFile)
     EXPECT_EQ(temp.read("FS9/texture/a4.bmp"), "original a4.bmp");
     EXPECT_EQ(filesUnder("FS9/texture").size(), 5u); // nothing temporary left behind
     EXPECT_TRUE(record.entries().empty());
+    // The progress ends with the run, so the window drops its bar.
+    ASSERT_FALSE(progress.empty());
+    EXPECT_EQ(progress.back().first, progress.back().second);
     const std::string target = JoinPath(folders.FsTexturePath, "a3.bmp");
     EXPECT_EQ(fakes.messages.last().text, "Could not copy the files.\nFrom: " +
                                               JoinPath(folder, "a3.bmp") + "\nTo  : " + target +

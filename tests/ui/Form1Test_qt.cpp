@@ -16,12 +16,15 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QMenu>
+#include <QProgressBar>
 #include <QRadioButton>
 #include <QSignalSpy>
 #include <QSystemTrayIcon>
 #include <QTest>
 #include <QTimer>
 
+#include <algorithm>
+#include <filesystem>
 #include <memory>
 
 namespace vellumar {
@@ -62,6 +65,8 @@ public:
     {
         if (RunStartUpSequence(fakes.services, screen, state) != StartUpOutcome::Continue)
             return nullptr;
+        // The configuration never switches the backup commands on; tests of them do.
+        state.settings.BackupOriginals = backupOriginals;
         auto window = std::make_unique<Form1>(fakes.services, state, screen, std::move(uniform));
         window->Form_Load();
         window->show();
@@ -73,6 +78,7 @@ public:
     test::TestInstallation installation{temp, fakes};
     ScreenFacts screen;
     ProgramState state;
+    bool backupOriginals = false;
 };
 
 template <typename Widget = QWidget>
@@ -546,6 +552,126 @@ private Q_SLOTS:
         QCOMPARE(QString::fromStdString(library.temp.read("Vellumar/cloud.ini"))
                      .contains(QStringLiteral("[LastInstalled]\r\n1=Runway halo,Runway\r\n")),
                  true);
+    }
+
+    void theBackupCommandsStayHiddenWhileBackupOriginalsIsOff()
+    {
+        Library library(true);
+        const auto window = library.open();
+        for (const char* name : {"cmdBackUp", "cmdToOrg"})
+            QVERIFY2(!Shown(*window, name), name);
+    }
+
+    void backupReBackupAndRestoreWorkFromTheWindow()
+    {
+        Library library(true);
+        library.backupOriginals = true;
+        library.temp.write("FS9/texture/halo.bmp", "original halo");
+        const auto window = library.open();
+        for (const char* name : {"cmdBackUp", "cmdToOrg"}) {
+            QVERIFY2(Shown(*window, name), name);
+            QVERIFY2(Find(*window, name)->isEnabled(), name);
+        }
+        Choose(Find<QComboBox>(*window, "cmbClouds"), QStringLiteral("Runway halo"));
+        auto* message = Find<QLabel>(*window, "lblMsg");
+
+        // Backup: the ticked files that the texture folder holds; the others are listed.
+        Click(Find(*window, "cmdBackUp"));
+        QCOMPARE(library.temp.read("Vellumar/BackUp/halo.bmp"), std::string("original halo"));
+        QCOMPARE(QString::fromStdString(library.fakes.messages.last().title),
+                 QStringLiteral("Backup files"));
+        QCOMPARE(QString::fromStdString(library.fakes.messages.last().text),
+                 QStringLiteral("Following files are not found in the Texture Folder.\n"
+                                " SunEffect.cfg"));
+        QCOMPARE(message->text(), QStringLiteral("Runway halo"));
+
+        // The right button offers the re-backup of every name of the library, which replaces
+        // a backup whose original has changed since.
+        const std::string changed = library.temp.write("FS9/texture/halo.bmp", "changed halo");
+        std::filesystem::last_write_time(changed, std::filesystem::last_write_time(changed) +
+                                                      std::chrono::hours(1));
+        library.temp.write("FS9/texture/sky_day.bmp", "original sky");
+        auto* menu = Find<QMenu>(*window, "mnuPopUpBkAll");
+        QTest::mousePress(Find(*window, "cmdBackUp"), Qt::RightButton);
+        QTRY_VERIFY(menu->isVisible());
+        const std::size_t before = library.fakes.messages.shown().size();
+        Action(*window, "mnuBkAll")->trigger();
+        menu->close();
+        QCOMPARE(library.temp.read("Vellumar/BackUp/halo.bmp"), std::string("changed halo"));
+        QCOMPARE(library.temp.read("Vellumar/BackUp/sky_day.bmp"), std::string("original sky"));
+        QCOMPARE(library.fakes.messages.shown().size(), before); // no failure to report
+
+        // An install asks about the file without a backup before its confirmation.
+        Click(Find(*window, "cmdInst"));
+        const auto& shown = library.fakes.messages.shown();
+        QCOMPARE(QString::fromStdString(shown[shown.size() - 2].title),
+                 QStringLiteral("No Backup files"));
+        QCOMPARE(QString::fromStdString(shown.back().text),
+                 QStringLiteral("*** Runway halo ***\n\nTexture set from above will be installed."
+                                "\n\nAnd following files is not backuped.\n SunEffect.cfg"));
+        QCOMPARE(library.temp.read("FS9/texture/halo.bmp"), std::string("x"));
+
+        // Restore puts the backed-up original back and names what it cannot.
+        library.fakes.launcher.opened.clear();
+        Click(Find(*window, "cmdToOrg"));
+        QCOMPARE(QString::fromStdString(library.fakes.messages.last().title),
+                 QStringLiteral("To Original Files"));
+        QCOMPARE(QString::fromStdString(library.fakes.messages.last().text),
+                 QStringLiteral("Following files will be back to original.\n halo.bmp\n\n"
+                                "And following files are not found in the BackUp Folder.\n"
+                                " SunEffect.cfg"));
+        QCOMPARE(library.temp.read("FS9/texture/halo.bmp"), std::string("changed halo"));
+        QCOMPARE(message->text(), QStringLiteral("Runway halo"));
+        QCOMPARE(window->findChild<QSystemTrayIcon*>(QStringLiteral("PIC"))->toolTip(),
+                 QStringLiteral("Show/Hide Window"));
+
+        // Cancel leaves the simulator's file alone.
+        library.temp.write("FS9/texture/halo.bmp", "installed again");
+        library.fakes.messages.answerNext(MessageResult::Cancel);
+        Click(Find(*window, "cmdToOrg"));
+        QCOMPARE(library.temp.read("FS9/texture/halo.bmp"), std::string("installed again"));
+    }
+
+    void aLargeInstallShowsItsProgressBarOnlyWhileItCopies()
+    {
+        Library library(true);
+        // Two files of 20 MB without data on disk: their sizes are what counts.
+        for (const char* name : {"big1.bmp", "big2.bmp"}) {
+            const std::string path =
+                library.temp.write(std::string("Vellumar/Texture/Clouds/Summer haze/") + name, "");
+            std::filesystem::resize_file(path, 20u * 1024 * 1024);
+        }
+        const auto window = library.open();
+        auto* bar = Find<QProgressBar>(*window, "prgCopy");
+        QVERIFY(!bar->isVisible());
+        QList<int> seen;
+        library.fakes.events.whilePumping = [&] {
+            if (bar->isVisible())
+                seen << bar->value();
+        };
+        Choose(Find<QComboBox>(*window, "cmbClouds"), QStringLiteral("Summer haze"));
+        Click(Find(*window, "cmdInst"));
+        library.fakes.events.whilePumping = nullptr;
+        QVERIFY(library.fakes.files.fileSize(library.temp / "FS9/texture/big2.bmp") ==
+                20u * 1024 * 1024);
+        // The bar rose while the files were copied (cld01.bmp is tiny) and went away at the end.
+        QVERIFY2(seen.size() >= 2, qPrintable(QString::number(seen.size())));
+        QCOMPARE(seen.front(), 0);
+        QVERIFY(std::is_sorted(seen.begin(), seen.end()));
+        QVERIFY(std::any_of(seen.begin(), seen.end(),
+                            [](int value) { return value >= 499 && value <= 501; }));
+        QVERIFY(!bar->isVisible());
+
+        // A small set never shows it.
+        seen.clear();
+        library.fakes.events.whilePumping = [&] {
+            if (bar->isVisible())
+                seen << bar->value();
+        };
+        Choose(Find<QComboBox>(*window, "cmbClouds"), QStringLiteral("Clear day"));
+        Click(Find(*window, "cmdInst"));
+        library.fakes.events.whilePumping = nullptr;
+        QVERIFY(seen.isEmpty());
     }
 
     void theHelpLabelOpensTheHelpFolderWhenThereIsOne()

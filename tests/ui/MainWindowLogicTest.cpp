@@ -318,12 +318,27 @@ TEST(OptionSets, TheSubFoldersOfTheOptionGroup)
 
 TEST(Availability, CommandsOfLaterWorkStayDisabled)
 {
-    for (const char* name : {"cmdInstAndStart", "cmdBackUp", "cmdToOrg", "lblTime", "lblAutoRandom",
-                             "mnuSound", "mnuBkAll"})
+    for (const char* name : {"cmdInstAndStart", "lblTime", "lblAutoRandom", "mnuSound"})
         EXPECT_TRUE(AwaitsLaterWork(name)) << name;
-    for (const char* name : {"cmdInst", "mnuLastInst", "cmdRandom", "cmdClose", "mnuShowIni",
-                             "mnuEndProg", "lstSky", "lblHelp", "lblOption", "mnuCheckCloudAll"})
+    for (const char* name :
+         {"cmdInst", "mnuLastInst", "cmdRandom", "cmdClose", "mnuShowIni", "mnuEndProg", "lstSky",
+          "lblHelp", "lblOption", "mnuCheckCloudAll", "cmdBackUp", "cmdToOrg", "mnuBkAll"})
         EXPECT_FALSE(AwaitsLaterWork(name)) << name;
+}
+
+TEST(Availability, OnlyALargeCopyShowsItsProgressBarAndOnlyWhileItRuns)
+{
+    EXPECT_FALSE(CopyBarFor(0, kCopyBarBytes - 1).visible);
+    EXPECT_FALSE(CopyBarFor(0, 0).visible);
+    const std::uint64_t total = 300ull * 1024 * 1024;
+    EXPECT_TRUE(CopyBarFor(0, total).visible);
+    EXPECT_EQ(CopyBarFor(0, total).perMille, 0);
+    EXPECT_EQ(CopyBarFor(total / 4, total).perMille, 250);
+    EXPECT_EQ(CopyBarFor(total - 1, total).perMille, 999);
+    EXPECT_FALSE(CopyBarFor(total, total).visible);
+    // Sizes beyond 4 GiB neither overflow nor wrap.
+    const std::uint64_t huge = 6ull * 1024 * 1024 * 1024;
+    EXPECT_EQ(CopyBarFor(huge / 2, huge).perMille, 500);
 }
 
 TEST(Availability, ASimulatorChoiceNeedsItsFolder)

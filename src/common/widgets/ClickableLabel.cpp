@@ -6,6 +6,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace vellumar {
 
 ClickableLabel::ClickableLabel(const QString& text, QWidget* parent)
@@ -101,6 +103,29 @@ void ReadoutLabel::paintEvent(QPaintEvent* event)
         skin::PaintInset(painter, rect(), 4);
     }
     QLabel::paintEvent(event);
+}
+
+void ReadoutLabel::setLowerEdgeBar(QWidget* bar)
+{
+    lowerEdgeBar_ = bar;
+    bar->setParent(this);
+    placeLowerEdgeBar();
+}
+
+void ReadoutLabel::resizeEvent(QResizeEvent* event)
+{
+    ClickableLabel::resizeEvent(event);
+    placeLowerEdgeBar();
+}
+
+void ReadoutLabel::placeLowerEdgeBar()
+{
+    if (!lowerEdgeBar_)
+        return;
+    constexpr int side = 8, bottom = 3;
+    const int height = lowerEdgeBar_->height();
+    lowerEdgeBar_->setGeometry(side, this->height() - bottom - height,
+                               std::max(0, width() - 2 * side), height);
 }
 
 } // namespace vellumar

@@ -45,8 +45,18 @@ class ReadoutLabel final : public ClickableLabel {
 public:
     explicit ReadoutLabel(const QColor& ink, QWidget* parent = nullptr);
 
+    // Adopts a thin bar (a progress bar, say) that lies along the lower edge of the well,
+    // under the text; its owner shows and hides it.
+    void setLowerEdgeBar(QWidget* bar);
+
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void placeLowerEdgeBar();
+
+    QWidget* lowerEdgeBar_ = nullptr;
 };
 
 } // namespace vellumar

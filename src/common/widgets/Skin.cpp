@@ -176,6 +176,9 @@ QString PanelStyleSheet()
         "  border-radius: 4px; }"
         "QScrollBar::add-line:horizontal, QScrollBar::sub-line:horizontal { width: 0; }"
         "QScrollBar::add-page:horizontal, QScrollBar::sub-page:horizontal { background: none; }"
+        // The copy progress: a thin amber line along the lower edge of the message readout.
+        "QProgressBar { background: #3b2f18; border: none; border-radius: 1px; }"
+        "QProgressBar::chunk { background: #ffc862; border-radius: 1px; }"
         "QMenu { background: #1b222c; color: #e4ebf3; border: 1px solid #05080b;"
         "  padding: 4px; }"
         "QMenu::item { padding: 5px 22px 5px 14px; border-radius: 3px; }"
