@@ -119,8 +119,11 @@ InstallOutcome InstallTextureSet(TextureServices& services, const TextureFolders
                                  const InstallRequest& request, LastInstalledRecord& record)
 {
     services.showStatus(request.hideSetName ? std::string() : request.setName);
+    InstallOutcome outcome;
+    if (request.autoRandomRunning)
+        outcome.lastInstallTime = std::chrono::system_clock::now();
     if (request.cloudFiles.empty() && request.optionFiles.empty())
-        return {};
+        return outcome;
     const std::string setName = request.hideSetName ? "Random Texture set" : request.setName;
 
     Collected collected;
@@ -182,12 +185,11 @@ InstallOutcome InstallTextureSet(TextureServices& services, const TextureFolders
         const int answer = services.messages.ShowMessage("*** " + setName + " ***\n\n" + body, type,
                                                          "Installation");
         if (answer == MessageResult::Cancel)
-            return {};
+            return outcome;
     }
 
     const std::string dataType =
         GetSetDataType(services.files, services.events, request.cloudSetFolder);
-    InstallOutcome outcome;
     if (CopySetFilesToSimulator(services, folders, collected.sources, collected.names)) {
         record.AddLastInstalled(setName, dataType);
         outcome.installed = true;

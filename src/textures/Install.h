@@ -3,6 +3,8 @@
 #include "TextList.h"
 #include "TextureFolders.h"
 
+#include <chrono>
+#include <optional>
 #include <string>
 
 namespace vellumar {
@@ -37,6 +39,9 @@ struct InstallOutcome {
     bool installed = false;
     // A copy failed: the caller switches AutoRandom off.
     bool stopAutoRandom = false;
+    // While AutoRandom runs, every install (even one that finds nothing to do) restarts its
+    // countdown from this moment, taken as the install begins.
+    std::optional<std::chrono::system_clock::time_point> lastInstallTime;
 };
 
 // Collects the ticked files of both sets, checks them (and, with backupOriginals, their

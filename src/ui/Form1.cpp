@@ -993,11 +993,14 @@ void Form1::cmdInst_Click()
     request.cloudFiles = ReadTicks(lstClouds_);
     request.optionFiles = ReadTicks(lstOption_);
     request.hideSetName = windowState_.HideSetName;
-    request.autoRandomRunning = state_.settings.AutoRandomInterval != 0;
+    request.autoRandomRunning = windowState_.AutoRandomInterval != 0;
     request.backupOriginals = state_.settings.BackupOriginals;
     TextureServices textures = Textures();
-    if (InstallTextureSet(textures, TextureFoldersOf(state_.paths), request, record_)
-            .stopAutoRandom)
+    const InstallOutcome outcome =
+        InstallTextureSet(textures, TextureFoldersOf(state_.paths), request, record_);
+    if (outcome.lastInstallTime)
+        windowState_.LastInstallTime = *outcome.lastInstallTime;
+    if (outcome.stopAutoRandom)
         AutoRandomOff();
 }
 

@@ -3,6 +3,7 @@
 #include "TextList.h"
 #include "TextureFolders.h"
 
+#include <chrono>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -27,6 +28,8 @@ struct MainWindowState {
     bool SituationMode = false;
     // Minutes; 0 is AutoRandom off.
     double AutoRandomInterval = 0;
+    // The AutoRandom countdown runs from here.
+    std::chrono::system_clock::time_point LastInstallTime{};
     // Entries of lstFLT.
     int SituationCount = 0;
 };

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cstdint>
 #include <utility>
 #include <vector>
@@ -168,8 +169,20 @@ TEST_F(InstallTest, AutoRandomInstallsWithoutAsking)
     InstallRequest automatic = request(folder, AllTicked({"cld01.bmp"}));
     automatic.autoRandomRunning = true;
     automatic.backupOriginals = true;
-    EXPECT_TRUE(InstallTextureSet(services, folders, automatic, record).installed);
+    const auto before = std::chrono::system_clock::now();
+    const InstallOutcome outcome = InstallTextureSet(services, folders, automatic, record);
+    EXPECT_TRUE(outcome.installed);
     EXPECT_TRUE(fakes.messages.empty());
+    // The countdown restarts from the install, also when the set offers nothing to install.
+    ASSERT_TRUE(outcome.lastInstallTime);
+    EXPECT_GE(*outcome.lastInstallTime, before);
+    EXPECT_LE(*outcome.lastInstallTime, std::chrono::system_clock::now());
+    automatic.cloudFiles.clear();
+    EXPECT_TRUE(InstallTextureSet(services, folders, automatic, record).lastInstallTime);
+    // Without AutoRandom there is no countdown to restart.
+    EXPECT_FALSE(
+        InstallTextureSet(services, folders, request(folder, AllTicked({"cld01.bmp"})), record)
+            .lastInstallTime);
 }
 
 TEST_F(InstallTest, EmptyListsInstallNothingButTickedNothingStillRecords)
