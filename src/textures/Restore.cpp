@@ -53,16 +53,28 @@ bool CopyBackToSimulator(TextureServices& services, const TextureFolders& folder
     backups.reserve(names.size());
     for (const std::string& name : names)
         backups.push_back(JoinPath(folders.BackupFolder, name));
-    CopyProgress progress(services, backups);
-    bool all = true;
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        progress.Starting(i, names[i]);
-        if (IsOK(FileExists(services.files, backups[i])))
-            all = ReplaceFileWithCopy(services.files, backups[i],
-                                      JoinPath(folders.FsTexturePath, names[i])) &&
-                  all;
+    std::string failed;
+    {
+        CopyProgress progress(services, backups);
+        for (std::size_t i = 0; i < names.size(); ++i) {
+            progress.Starting(i, names[i]);
+            if (IsOK(FileExists(services.files, backups[i])) &&
+                !ReplaceFileWithCopy(services.files, backups[i],
+                                     JoinPath(folders.FsTexturePath, names[i])))
+                failed += " " + names[i] + "\n";
+        }
     }
-    return all;
+    if (failed.empty())
+        return true;
+    // A file that cannot be replaced (read-only, or the disk full) stays as it was; say so.
+    services.messages.ShowMessage("Following files could not be back to original. They are as "
+                                  "they were.\n" +
+                                      failed +
+                                      "\nBe sure your attribute on Msfs folder and texture "
+                                      "folder is in Archive attribute and not Read only.",
+                                  MessageStyle::OKOnly | MessageStyle::Critical,
+                                  "To Original Files");
+    return false;
 }
 
 } // namespace vellumar

@@ -12,8 +12,8 @@ namespace vellumar {
 bool RestoreOriginals(TextureServices& services, const TextureFolders& folders,
                       const TickList& cloudFiles, const TickList& optionFiles);
 
-// Copies each backup back into the texture folder; the backup itself stays. False when a file
-// could not be put back (it is then as it was).
+// Copies each backup back into the texture folder; the backup itself stays. A file that could
+// not be put back is then as it was; those are named to the user and the result is False.
 bool CopyBackToSimulator(TextureServices& services, const TextureFolders& folders,
                          const TextList& names);
 

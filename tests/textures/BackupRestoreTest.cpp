@@ -119,6 +119,26 @@ TEST_F(BackupRestoreTest, CancelRestoresNothing)
     EXPECT_EQ(temp.read("FS9/texture/cld01.bmp"), "installed");
 }
 
+TEST_F(BackupRestoreTest, AFileThatCannotBePutBackIsNamedAndLeftAsItWas)
+{
+    temp.write("BackUp/cld01.bmp", "original 1");
+    temp.write("BackUp/cld02.bmp", "original 2");
+    temp.write("FS9/texture/cld01.bmp", "installed 1");
+    const std::string locked = temp.write("FS9/texture/cld02.bmp", "installed 2");
+    ASSERT_TRUE(fakes.files.setAttributes(locked, FileAttribute::ReadOnly));
+    EXPECT_FALSE(
+        RestoreOriginals(services, folders, {{"cld01.bmp", true}, {"cld02.bmp", true}}, {}));
+    EXPECT_EQ(temp.read("FS9/texture/cld01.bmp"), "original 1");
+    EXPECT_EQ(temp.read("FS9/texture/cld02.bmp"), "installed 2");
+    EXPECT_EQ(fakes.messages.last().title, "To Original Files");
+    EXPECT_EQ(fakes.messages.last().style, MessageStyle::OKOnly | MessageStyle::Critical);
+    EXPECT_EQ(fakes.messages.last().text,
+              "Following files could not be back to original. They are as they were.\n"
+              " cld02.bmp\n\nBe sure your attribute on Msfs folder and texture folder is in "
+              "Archive attribute and not Read only.");
+    fakes.files.setAttributes(locked, FileAttribute::Archive);
+}
+
 TEST_F(BackupRestoreTest, NothingToRestoreStillAsks)
 {
     RestoreOriginals(services, folders, {{"x.bmp", false}}, {});
