@@ -25,21 +25,18 @@ bool CopyToBackup(TextureServices& services, const std::string& source, const st
     FileOperations& files = services.files;
     if (IsError(FileExists(files, source)))
         return true;
-    if (IsError(FileExists(files, target)))
-        return files.copyFile(source, target);
-    if (!compare || files.modificationTime(source) == files.modificationTime(target))
+    const bool present = !IsError(FileExists(files, target));
+    if (present && (!compare || files.modificationTime(source) == files.modificationTime(target)))
         return true; // the first backup of a name wins
-    if (ask) {
-        if (!ShellFileOperation(files, services.messages, source, target, ShellOperation::Copy,
-                                true)) {
-            services.messages.ShowMessage("Backup file Error!! FileName : " +
-                                              LastPathComponent(target),
-                                          MessageStyle::Critical, "File Copy Error");
-            return false;
-        }
-        return true;
-    }
-    return ReplaceFileWithCopy(files, source, target);
+    // Without the shell's questions the copy goes through a temporary file, so that not even a
+    // first backup, which is never replaced, can be left half written.
+    const bool copied = present && ask ? ShellFileOperation(files, services.messages, source,
+                                                            target, ShellOperation::Copy, true)
+                                       : ReplaceFileWithCopy(files, source, target);
+    if (!copied)
+        services.messages.ShowMessage("Backup file Error!! FileName : " + LastPathComponent(target),
+                                      MessageStyle::Critical, "File Copy Error");
+    return copied;
 }
 
 bool BackupFileList(TextureServices& services, const TextureFolders& folders, const TextList& names,

@@ -72,6 +72,28 @@ TEST_F(BackupRestoreTest, AskingLetsTheUserRefuseAndThatIsAFailure)
     EXPECT_EQ(fakes.messages.last().style, MessageStyle::Critical);
 }
 
+TEST_F(BackupRestoreTest, ABackupThatFailsHalfWayLeavesNoHalfFileAndStopsTheRun)
+{
+    for (const char* name : {"a.bmp", "b.bmp", "c.bmp"})
+        temp.write(std::string("FS9/texture/") + name, std::string("original ") + name);
+    fakes.files.failCopyHalfway = [](const std::string& source, const std::string&) {
+        return source.find("b.bmp") != std::string::npos;
+    };
+    TextList status;
+    services.showStatus = [&status](const std::string& text) { status.push_back(text); };
+    BackupSelectedFiles(services, folders, {{"a.bmp", true}, {"b.bmp", true}, {"c.bmp", true}}, {});
+    EXPECT_EQ(temp.read("BackUp/a.bmp"), "original a.bmp");
+    // Not even a first backup, which is never replaced later, is left half written.
+    EXPECT_EQ(FileExists(fakes.files, temp / "BackUp/b.bmp"), "Error");
+    EXPECT_EQ(FileExists(fakes.files, temp / "BackUp/c.bmp"), "Error");
+    TextList left;
+    ListFilesInTree(fakes.files, fakes.events, temp / "BackUp", "*.*", left);
+    EXPECT_EQ(left.size(), 1u);
+    EXPECT_EQ(status, (TextList{"Copying a.bmp", "Copying b.bmp"}));
+    EXPECT_EQ(fakes.messages.last().title, "File Copy Error");
+    EXPECT_EQ(fakes.messages.last().text, "Backup file Error!! FileName : b.bmp");
+}
+
 TEST_F(BackupRestoreTest, ReBackupTakesEachNameOfTheLibraryOnce)
 {
     temp.write("Texture/Clouds/A/cld01.bmp");
