@@ -52,6 +52,10 @@ public:
 
     // Copies a file; fails when the target exists, as copies never overwrite.
     virtual bool copyFile(const std::string& source, const std::string& target) = 0;
+    // The same, for a target whose name the program made unique (a temporary name beside the
+    // file it stands in for): only its folder is looked up, and the name is taken as spelled,
+    // since no other file can carry it in another letter case.
+    virtual bool copyFileToUniqueName(const std::string& source, const std::string& target) = 0;
     // Renames a file or folder; fails when the target exists.
     virtual bool moveFile(const std::string& source, const std::string& target) = 0;
     // Renames `source` over `target` in one step, so that `target` is never missing: it holds

@@ -216,35 +216,19 @@ public:
 
     bool copyFile(const std::string& source, const std::string& target) override
     {
-        const std::string from = resolve(source);
-        const std::string to = resolve(target);
+        return copyResolved(resolve(source), resolve(target));
+    }
+
+    bool copyFileToUniqueName(const std::string& source, const std::string& target) override
+    {
+        // Looking the name up would list its folder, again after every file of an install
+        // when the folder changed a moment ago.
+        const auto [folder, name] = SplitLast(NativeSeparators(target));
+        std::string resolvedFolder;
         struct stat st {};
-        if (::lstat(to.c_str(), &st) == 0)
-            return false; // copies never overwrite
-        const int in = ::open(from.c_str(), O_RDONLY | O_CLOEXEC);
-        if (in < 0)
+        if (name.empty() || !resolveFolder(folder, resolvedFolder, st))
             return false;
-        if (::fstat(in, &st) != 0 || !S_ISREG(st.st_mode)) {
-            ::close(in);
-            return false;
-        }
-        const int out = ::open(to.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
-        if (out < 0) {
-            ::close(in);
-            return false;
-        }
-        bool ok = copyContents(in, out, static_cast<std::size_t>(st.st_size));
-        // Like a Windows copy: same time stamp, same read-only state.
-        const struct timespec times[2] = {st.st_atim, st.st_mtim};
-        ok = ok && ::futimens(out, times) == 0;
-        ok = ok && ::fchmod(out, st.st_mode & 07777) == 0;
-        ok = (::close(out) == 0) && ok;
-        ::close(in);
-        if (!ok)
-            ::unlink(to.c_str());
-        else
-            noteOwnChange(to, true, false);
-        return ok;
+        return copyResolved(resolve(source), Join(resolvedFolder, name));
     }
 
     bool moveFile(const std::string& source, const std::string& target) override
@@ -264,10 +248,10 @@ public:
             forgetFolderOf(to);
             return ::rename(from.c_str(), wanted.c_str()) == 0;
         }
+        const FileTime fromBefore = folderStampOf(from), toBefore = folderStampOf(to);
         if (::rename(from.c_str(), to.c_str()) != 0)
             return false;
-        noteOwnChange(from, false, false);
-        noteOwnChange(to, true, S_ISDIR(fromStat.st_mode));
+        noteOwnRename(from, to, S_ISDIR(fromStat.st_mode), fromBefore, toBefore);
         return true;
     }
 
@@ -279,12 +263,12 @@ public:
         if (::lstat(to.c_str(), &st) == 0 && (S_ISDIR(st.st_mode) || IsReadOnly(st)))
             return false;
         const bool variants = mayHaveCaseVariants(to);
+        const FileTime fromBefore = folderStampOf(from), toBefore = folderStampOf(to);
         // No flush of the folder: the rename itself is what keeps the target whole, and an
         // install renames hundreds of files.
         if (::rename(from.c_str(), to.c_str()) != 0)
             return false;
-        noteOwnChange(from, false, false);
-        noteOwnChange(to, true, false);
+        noteOwnRename(from, to, false, fromBefore, toBefore);
         // A name that differs from the target only in letter case would shadow it for Windows
         // programs; the target's own spelling is the one that stays.
         if (variants)
@@ -300,9 +284,10 @@ public:
             return false;
         if (!S_ISLNK(st.st_mode) && IsReadOnly(st))
             return false;
+        const FileTime before = folderStampOf(actual);
         if (::unlink(actual.c_str()) != 0)
             return false;
-        noteOwnChange(actual, false, false);
+        noteOwnChange(actual, false, false, before);
         return true;
     }
 
@@ -552,21 +537,67 @@ private:
         return &index;
     }
 
-    // Keeps a trusted listing of a folder up to date with a change this program made itself,
-    // so that copying a set's files does not list the folder again after every file. A foreign
-    // change in the very same instant would go unnoticed until the folder changes again.
-    void noteOwnChange(const std::string& path, bool added, bool isDirectory)
+    // Copies between paths already resolved; the copy keeps the source's time stamp and
+    // read-only state, as a Windows copy does.
+    bool copyResolved(const std::string& from, const std::string& to)
+    {
+        const int in = ::open(from.c_str(), O_RDONLY | O_CLOEXEC);
+        if (in < 0)
+            return false;
+        struct stat st {};
+        if (::fstat(in, &st) != 0 || !S_ISREG(st.st_mode)) {
+            ::close(in);
+            return false;
+        }
+        const FileTime before = folderStampOf(to);
+        // Copies never overwrite: an existing target, even a dangling link, fails here.
+        const int out = ::open(to.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+        if (out < 0) {
+            ::close(in);
+            return false;
+        }
+        bool ok = copyContents(in, out, static_cast<std::size_t>(st.st_size));
+        const struct timespec times[2] = {st.st_atim, st.st_mtim};
+        ok = ok && ::futimens(out, times) == 0;
+        ok = ok && ::fchmod(out, st.st_mode & 07777) == 0;
+        ok = (::close(out) == 0) && ok;
+        ::close(in);
+        if (!ok)
+            ::unlink(to.c_str());
+        else
+            noteOwnChange(to, true, false, before);
+        return ok;
+    }
+
+    // The modification time of the folder holding `path`, taken just before a change, so that
+    // the change can be told apart from someone else's; -1 when it cannot be read.
+    static FileTime folderStampOf(const std::string& path)
+    {
+        struct stat st {};
+        return ::stat(SplitLast(path).first.c_str(), &st) == 0 ? ToFileTime(st.st_mtim) : -1;
+    }
+
+    // Keeps the listing of a folder up to date with a change this program made itself, so that
+    // copying a set's files does not list the folder again after every file. This holds only
+    // while the listing was current just before the change (`before` is the folder's time
+    // stamp then); otherwise someone else changed the folder too, and the listing goes. A
+    // trusted listing stays trusted; a foreign change in the very same instant would go
+    // unnoticed until the folder changes again. A listing not yet trusted is kept up to date
+    // as well, for mayHaveCaseVariants, but lookups still take a fresh one. Returns the
+    // folder's time stamp after the change, or -1 when there is no listing to keep.
+    FileTime noteOwnChange(const std::string& path, bool added, bool isDirectory, FileTime before)
     {
         const auto [folder, name] = SplitLast(path);
         const auto cached = indexes_.find(folder);
         if (cached == indexes_.end())
-            return;
+            return -1;
         FolderIndex& index = cached->second;
         struct stat st {};
         const bool trusted = index.listedAt - index.modified > kUntrustedWindow;
-        if (!trusted || ::stat(folder.c_str(), &st) != 0 || st.st_ino != index.inode) {
+        if (index.modified != before || ::stat(folder.c_str(), &st) != 0 ||
+            st.st_ino != index.inode) {
             indexes_.erase(cached);
-            return;
+            return -1;
         }
         const std::string lowered = ToLowerAscii(name);
         if (added) {
@@ -578,32 +609,45 @@ private:
             const auto entry = index.byLowerName.find(lowered);
             if (index.hasCaseVariants) {
                 indexes_.erase(cached); // which variant remains is not known here
-                return;
+                return -1;
             }
             if (entry != index.byLowerName.end() && entry->second.name == name)
                 index.byLowerName.erase(entry);
         }
         index.modified = ToFileTime(st.st_mtim);
-        index.listedAt = std::max(index.listedAt, index.modified + kUntrustedWindow + 1);
+        if (trusted)
+            index.listedAt = std::max(index.listedAt, index.modified + kUntrustedWindow + 1);
+        return index.modified;
+    }
+
+    // A rename seen as a removal from one folder and an addition to another (or the same).
+    void noteOwnRename(const std::string& from, const std::string& to, bool isDirectory,
+                       FileTime fromBefore, FileTime toBefore)
+    {
+        const FileTime fromAfter = noteOwnChange(from, false, false, fromBefore);
+        const bool sameFolder = SplitLast(from).first == SplitLast(to).first;
+        noteOwnChange(to, true, isDirectory, sameFolder ? fromAfter : toBefore);
     }
 
     void forgetFolderOf(const std::string& path) { indexes_.erase(SplitLast(path).first); }
 
     // Whether the folder of `target` holds a name that differs from it only in letter case,
-    // judged from the folder's listing as last taken (a variant made in the last moments may
-    // be missed, which the next replacement puts right).
+    // judged from the folder's listing while the folder's time stamp says it is current (a
+    // variant made in the very last moments may be missed, which the next replacement puts
+    // right).
     bool mayHaveCaseVariants(const std::string& target)
     {
         const auto [folder, name] = SplitLast(target);
+        struct stat st {};
+        if (::stat(folder.c_str(), &st) != 0)
+            return false;
         const FolderIndex* index = nullptr;
-        if (const auto cached = indexes_.find(folder); cached != indexes_.end()) {
+        if (const auto cached = indexes_.find(folder);
+            cached != indexes_.end() && cached->second.inode == st.st_ino &&
+            cached->second.modified == ToFileTime(st.st_mtim))
             index = &cached->second;
-        } else {
-            struct stat st {};
-            if (::stat(folder.c_str(), &st) != 0)
-                return false;
+        else
             index = indexOf(folder, st);
-        }
         if (!index)
             return true;
         if (index->hasCaseVariants)
@@ -619,9 +663,12 @@ private:
         if (!ReadFolder(folder, entries))
             return;
         for (const DirectoryEntry& entry : entries)
-            if (!entry.isDirectory && entry.name != name && EqualsIgnoreCase(entry.name, name))
-                if (::unlink(Join(folder, entry.name).c_str()) == 0)
-                    noteOwnChange(Join(folder, entry.name), false, false);
+            if (!entry.isDirectory && entry.name != name && EqualsIgnoreCase(entry.name, name)) {
+                const std::string variant = Join(folder, entry.name);
+                const FileTime before = folderStampOf(variant);
+                if (::unlink(variant.c_str()) == 0)
+                    noteOwnChange(variant, false, false, before);
+            }
     }
 
     static bool copyContents(int in, int out, std::size_t size)

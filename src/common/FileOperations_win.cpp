@@ -252,6 +252,11 @@ public:
         return CopyFileW(NativePath(source).c_str(), NativePath(target).c_str(), TRUE) != 0;
     }
 
+    bool copyFileToUniqueName(const std::string& source, const std::string& target) override
+    {
+        return copyFile(source, target); // the system looks names up without regard to case
+    }
+
     bool moveFile(const std::string& source, const std::string& target) override
     {
         const std::wstring from = NativePath(source);

@@ -38,10 +38,10 @@ ReplaceResult ReplaceFileWith(FileOperations& files, const std::string& source,
         }
     };
     // A temporary file left by a crash has the same name only by chance: clear it and retry.
-    bool copied = files.copyFile(source, temporary);
+    bool copied = files.copyFileToUniqueName(source, temporary);
     if (!copied && files.attributes(temporary)) {
         removeTemporary();
-        copied = files.copyFile(source, temporary);
+        copied = files.copyFileToUniqueName(source, temporary);
     }
     if (!copied) {
         removeTemporary();

@@ -98,6 +98,31 @@ TEST_F(PosixFileOperationsTest, ReplacingAFileRemovesItsCaseVariants)
     EXPECT_EQ(temp.read("texture/cloud3.bmp"), "new");
 }
 
+TEST_F(PosixFileOperationsTest, AVariantMadeBetweenTwoReplacementsIsFoundByTheSecond)
+{
+    temp.write("texture/cloud3.bmp", "old");
+    const std::string source = temp.write("set/cloud3.bmp", "new");
+    ASSERT_TRUE(ReplaceFileWithCopy(*files, source, temp / "texture/cloud3.bmp"));
+    // Someone else adds a variant later on, as a user copying files by hand would.
+    std::this_thread::sleep_for(std::chrono::milliseconds(30));
+    temp.write("texture/Cloud3.BMP", "by hand");
+    ASSERT_TRUE(ReplaceFileWithCopy(*files, source, temp / "texture/cloud3.bmp"));
+    TextList list;
+    ListFiles(*files, events, temp / "texture", "*.*", list);
+    EXPECT_EQ(list, (TextList{temp / "texture/cloud3.bmp"}));
+}
+
+TEST_F(PosixFileOperationsTest, AUniqueNameIsTakenAsSpelledInAFolderFoundInAnyCase)
+{
+    temp.write("Texture/cloud3.bmp", "old");
+    const std::string source = temp.write("set/cloud3.bmp", "new");
+    ASSERT_TRUE(files->copyFileToUniqueName(source, temp.path() + "\\TEXTURE\\.Fresh-1.tmp"));
+    EXPECT_EQ(temp.read("Texture/.Fresh-1.tmp"), "new");
+    // It never overwrites, and a folder that does not exist is no place for it.
+    EXPECT_FALSE(files->copyFileToUniqueName(source, temp / "Texture/.Fresh-1.tmp"));
+    EXPECT_FALSE(files->copyFileToUniqueName(source, temp / "Missing/.Fresh-2.tmp"));
+}
+
 TEST_F(PosixFileOperationsTest, ALinkToAFolderCountsAsAFolderButAWalkEnds)
 {
     temp.write("lib/real/set.bmp");

@@ -33,6 +33,19 @@ std::optional<std::uint64_t> FaultyFileOperations::fileSize(const std::string& p
 
 bool FaultyFileOperations::copyFile(const std::string& source, const std::string& target)
 {
+    return copyWithFaults(source, target, [&] { return real_->copyFile(source, target); });
+}
+
+bool FaultyFileOperations::copyFileToUniqueName(const std::string& source,
+                                                const std::string& target)
+{
+    return copyWithFaults(source, target,
+                          [&] { return real_->copyFileToUniqueName(source, target); });
+}
+
+bool FaultyFileOperations::copyWithFaults(const std::string& source, const std::string& target,
+                                          const std::function<bool()>& copy)
+{
     ++copies;
     if (failCopy && failCopy(source, target))
         return false;
@@ -43,7 +56,7 @@ bool FaultyFileOperations::copyFile(const std::string& source, const std::string
             real_->replaceFile(target, contents->substr(0, contents->size() / 2));
         return false;
     }
-    return real_->copyFile(source, target);
+    return copy();
 }
 
 bool FaultyFileOperations::moveFile(const std::string& source, const std::string& target)

@@ -30,6 +30,7 @@ public:
     std::optional<FileTime> modificationTime(const std::string& path) override;
     std::optional<std::uint64_t> fileSize(const std::string& path) override;
     bool copyFile(const std::string& source, const std::string& target) override;
+    bool copyFileToUniqueName(const std::string& source, const std::string& target) override;
     bool moveFile(const std::string& source, const std::string& target) override;
     bool renameOver(const std::string& source, const std::string& target) override;
     bool deleteFile(const std::string& path) override;
@@ -40,6 +41,9 @@ public:
     std::string resolve(const std::string& path) override;
 
 private:
+    bool copyWithFaults(const std::string& source, const std::string& target,
+                        const std::function<bool()>& copy);
+
     std::unique_ptr<FileOperations> real_;
 };
 
