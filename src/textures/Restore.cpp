@@ -54,7 +54,7 @@ bool CopyBackToSimulator(TextureServices& services, const TextureFolders& folder
     for (const std::string& name : names)
         backups.push_back(JoinPath(folders.BackupFolder, name));
     std::string failed;
-    {
+    { // the run of copies ends, and with it the window's progress, before any message
         CopyProgress progress(services, backups);
         for (std::size_t i = 0; i < names.size(); ++i) {
             progress.Starting(i, names[i]);
