@@ -248,10 +248,10 @@ public:
             forgetFolderOf(to);
             return ::rename(from.c_str(), wanted.c_str()) == 0;
         }
-        const FileTime fromBefore = folderStampOf(from), toBefore = folderStampOf(to);
+        const RenameStamps before = renameStampsOf(from, to);
         if (::rename(from.c_str(), to.c_str()) != 0)
             return false;
-        noteOwnRename(from, to, S_ISDIR(fromStat.st_mode), fromBefore, toBefore);
+        noteOwnRename(from, to, S_ISDIR(fromStat.st_mode), before);
         return true;
     }
 
@@ -263,12 +263,12 @@ public:
         if (::lstat(to.c_str(), &st) == 0 && (S_ISDIR(st.st_mode) || IsReadOnly(st)))
             return false;
         const bool variants = mayHaveCaseVariants(to);
-        const FileTime fromBefore = folderStampOf(from), toBefore = folderStampOf(to);
+        const RenameStamps before = renameStampsOf(from, to);
         // No flush of the folder: the rename itself is what keeps the target whole, and an
         // install renames hundreds of files.
         if (::rename(from.c_str(), to.c_str()) != 0)
             return false;
-        noteOwnRename(from, to, false, fromBefore, toBefore);
+        noteOwnRename(from, to, false, before);
         // A name that differs from the target only in letter case would shadow it for Windows
         // programs; the target's own spelling is the one that stays.
         if (variants)
@@ -620,13 +620,27 @@ private:
         return index.modified;
     }
 
-    // A rename seen as a removal from one folder and an addition to another (or the same).
-    void noteOwnRename(const std::string& from, const std::string& to, bool isDirectory,
-                       FileTime fromBefore, FileTime toBefore)
+    // The time stamps of the two folders of a rename, taken once when they are one folder.
+    struct RenameStamps {
+        bool sameFolder = false;
+        FileTime from = -1, to = -1;
+    };
+    static RenameStamps renameStampsOf(const std::string& from, const std::string& to)
     {
-        const FileTime fromAfter = noteOwnChange(from, false, false, fromBefore);
-        const bool sameFolder = SplitLast(from).first == SplitLast(to).first;
-        noteOwnChange(to, true, isDirectory, sameFolder ? fromAfter : toBefore);
+        RenameStamps stamps;
+        stamps.sameFolder = SplitLast(from).first == SplitLast(to).first;
+        stamps.from = folderStampOf(from);
+        stamps.to = stamps.sameFolder ? stamps.from : folderStampOf(to);
+        return stamps;
+    }
+
+    // A rename seen as a removal from one folder and an addition to another (or the same, whose
+    // stamp the removal has just brought up to date).
+    void noteOwnRename(const std::string& from, const std::string& to, bool isDirectory,
+                       const RenameStamps& before)
+    {
+        const FileTime fromAfter = noteOwnChange(from, false, false, before.from);
+        noteOwnChange(to, true, isDirectory, before.sameFolder ? fromAfter : before.to);
     }
 
     void forgetFolderOf(const std::string& path) { indexes_.erase(SplitLast(path).first); }

@@ -1007,12 +1007,11 @@ void Form1::cmdInst_Click()
 void Form1::cmdBackUp_Click()
 {
     // The status line names the set, shows each copy, and names the set again when done.
-    const std::string shown = SetStatusText(windowState_, cmbClouds_->currentText().toStdString());
-    ShowStatus(shown);
+    ShowChosenSet();
     TextureServices textures = Textures();
     BackupSelectedFiles(textures, TextureFoldersOf(state_.paths), ReadTicks(lstClouds_),
                         ReadTicks(lstOption_));
-    ShowStatus(shown);
+    ShowChosenSet();
 }
 
 void Form1::mnuBkAll_Click()
@@ -1020,17 +1019,16 @@ void Form1::mnuBkAll_Click()
     TextureServices textures = Textures();
     vellumar::mnuBkAll_Click(textures, TextureFoldersOf(state_.paths),
                              [] { QApplication::beep(); });
-    ShowStatus(SetStatusText(windowState_, cmbClouds_->currentText().toStdString()));
+    ShowChosenSet();
 }
 
 void Form1::cmdToOrg_Click()
 {
-    const std::string shown = SetStatusText(windowState_, cmbClouds_->currentText().toStdString());
-    ShowStatus(shown);
+    ShowChosenSet();
     TextureServices textures = Textures();
     RestoreOriginals(textures, TextureFoldersOf(state_.paths), ReadTicks(lstClouds_),
                      ReadTicks(lstOption_));
-    ShowStatus(shown);
+    ShowChosenSet();
     SysTrayIcon(true);
 }
 
@@ -1039,6 +1037,11 @@ TextureServices Form1::Textures()
     return {services_.messages, services_.files, services_.events,
             [this](const std::string& text) { ShowStatus(text); },
             [this](std::uint64_t done, std::uint64_t total) { ShowCopyProgress(done, total); }};
+}
+
+void Form1::ShowChosenSet()
+{
+    ShowStatus(SetStatusText(windowState_, cmbClouds_->currentText().toStdString()));
 }
 
 void Form1::ShowCopyProgress(std::uint64_t done, std::uint64_t total)

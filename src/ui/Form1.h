@@ -112,6 +112,8 @@ private:
     void ShowTrailSwitch();
     void ShowFilterColours(int chosen);
     void ShowStatus(const std::string& text);
+    // The set of cmbClouds in the status line, unless a hidden pick keeps its name back.
+    void ShowChosenSet();
     void ShowCopyProgress(std::uint64_t done, std::uint64_t total);
     // The services of an install, backup or restore, reporting to this window.
     TextureServices Textures();

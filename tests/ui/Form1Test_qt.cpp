@@ -645,10 +645,11 @@ private Q_SLOTS:
         auto* bar = Find<QProgressBar>(*window, "prgCopy");
         QVERIFY(!bar->isVisible());
         QList<int> seen;
-        library.fakes.events.whilePumping = [&] {
+        const auto watchTheBar = [&] {
             if (bar->isVisible())
                 seen << bar->value();
         };
+        library.fakes.events.whilePumping = watchTheBar;
         Choose(Find<QComboBox>(*window, "cmbClouds"), QStringLiteral("Summer haze"));
         Click(Find(*window, "cmdInst"));
         library.fakes.events.whilePumping = nullptr;
@@ -664,10 +665,7 @@ private Q_SLOTS:
 
         // A small set never shows it.
         seen.clear();
-        library.fakes.events.whilePumping = [&] {
-            if (bar->isVisible())
-                seen << bar->value();
-        };
+        library.fakes.events.whilePumping = watchTheBar;
         Choose(Find<QComboBox>(*window, "cmbClouds"), QStringLiteral("Clear day"));
         Click(Find(*window, "cmdInst"));
         library.fakes.events.whilePumping = nullptr;
