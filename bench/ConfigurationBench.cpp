@@ -2,20 +2,20 @@
 // the same library: the catalogue lists every set folder once.
 
 #include "BenchSupport.h"
-#include "CloudIni.h"
-#include "CloudIniFile.h"
-#include "DataFolderChecks.h"
-#include "EventPump.h"
-#include "FileOperations.h"
-#include "FolderBrowser.h"
 #include "GeneratedLibrary.h"
-#include "MessageService.h"
-#include "NoWindows.h"
-#include "ProcessLauncher.h"
-#include "ProgramPaths.h"
-#include "Registry.h"
-#include "Services.h"
-#include "SystemFolders.h"
+#include "app/CloudIni.h"
+#include "app/DataFolderChecks.h"
+#include "common/EventPump.h"
+#include "common/FileOperations.h"
+#include "common/FolderBrowser.h"
+#include "common/MessageService.h"
+#include "common/NoWindows.h"
+#include "common/ProcessLauncher.h"
+#include "common/Services.h"
+#include "config/CloudIniFile.h"
+#include "config/ProgramPaths.h"
+#include "config/Registry.h"
+#include "config/SystemFolders.h"
 
 #include <benchmark/benchmark.h>
 

@@ -2,9 +2,9 @@
 // situation files have them, against exact-case stat() of the same files.
 
 #include "BenchSupport.h"
-#include "FileHelpers.h"
-#include "FileOperations.h"
-#include "TextCompare.h"
+#include "common/FileHelpers.h"
+#include "common/FileOperations.h"
+#include "common/TextCompare.h"
 
 #include <benchmark/benchmark.h>
 

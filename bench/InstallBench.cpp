@@ -3,13 +3,13 @@
 // vellumar-cli run.
 
 #include "BenchSupport.h"
-#include "EventPump.h"
-#include "FileOperations.h"
 #include "GeneratedLibrary.h"
-#include "Install.h"
-#include "LastInstalled.h"
-#include "MessageService.h"
-#include "NoWindows.h"
+#include "common/EventPump.h"
+#include "common/FileOperations.h"
+#include "common/MessageService.h"
+#include "common/NoWindows.h"
+#include "textures/Install.h"
+#include "textures/LastInstalled.h"
 
 #include <benchmark/benchmark.h>
 

@@ -2,7 +2,7 @@
 // close to a plain text search over the same file.
 
 #include "BenchSupport.h"
-#include "Registry.h"
+#include "config/Registry.h"
 
 #include <benchmark/benchmark.h>
 

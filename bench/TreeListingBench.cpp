@@ -1,10 +1,10 @@
 // Listing every file of a large tree, against find(1) over the same tree.
 
 #include "BenchSupport.h"
-#include "EventPump.h"
-#include "FileHelpers.h"
-#include "FileOperations.h"
-#include "NoWindows.h"
+#include "common/EventPump.h"
+#include "common/FileHelpers.h"
+#include "common/FileOperations.h"
+#include "common/NoWindows.h"
 
 #include <benchmark/benchmark.h>
 

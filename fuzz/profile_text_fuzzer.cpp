@@ -1,6 +1,6 @@
 // Any bytes as a profile file, any names: reading never fails, and an accepted edit reads back.
 
-#include "ProfileText.h"
+#include "config/ProfileText.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -1,7 +1,7 @@
 // Any bytes as a Wine registry file: the scanner never crashes, whole or in chunks, and both
 // ways give the same answer.
 
-#include "WineRegistryFile.h"
+#include "config/WineRegistryFile.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -3,18 +3,18 @@
 // its layouts, a chosen filter and the open tray menu. Run it under a display, e.g. Xvfb:
 //   xvfb-run -a vellumar-screenshots docs/screenshots
 
-#include "EventPump_qt.h"
-#include "FileOperations.h"
-#include "FolderBrowser_qt.h"
-#include "Form1.h"
-#include "MessageService_qt.h"
-#include "ProcessLauncher.h"
-#include "Registry.h"
-#include "ScreenFacts_qt.h"
-#include "Services.h"
-#include "Skin.h"
-#include "StartUpSequence.h"
-#include "SystemFolders.h"
+#include "app/ScreenFacts_qt.h"
+#include "app/StartUpSequence.h"
+#include "common/EventPump_qt.h"
+#include "common/FileOperations.h"
+#include "common/FolderBrowser_qt.h"
+#include "common/MessageService_qt.h"
+#include "common/ProcessLauncher.h"
+#include "common/Services.h"
+#include "common/widgets/Skin.h"
+#include "config/Registry.h"
+#include "config/SystemFolders.h"
+#include "ui/Form1.h"
 
 #include <QApplication>
 #include <QComboBox>

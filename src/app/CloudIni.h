@@ -1,7 +1,9 @@
 #pragma once
 
-#include "InstalledFonts.h"
-#include "TextList.h"
+#include "common/InstalledFonts.h"
+#include "common/TextList.h"
+#include "textures/LastInstalled.h"
+#include "textures/TextureSetEntry.h"
 
 #include <array>
 #include <optional>
@@ -16,21 +18,6 @@ class MessageService;
 struct DataFolderSettings;
 struct ProgramPaths;
 struct Services;
-
-// One texture set of the library, as the configuration declares it.
-struct TextureSetEntry {
-    std::string name;    // shown in the lists: the alias, else the set folder's name
-    std::string dirName; // the set folder under DataFolder\Texture, e.g. "Clouds\Summer haze"
-    std::string folder;  // the full path of the set folder
-    bool random = true;  // takes part in AutoRandom
-    std::optional<int> order;
-    int compatibility = 5; // the set's category (see SetCategory)
-};
-
-struct LastInstalledEntry {
-    std::string setName;
-    std::string dataType;
-};
 
 // Every value the program takes from cloud.ini. The values live for the whole run; each load
 // replaces them, except where a key that is absent (or out of range) leaves a value as it was.

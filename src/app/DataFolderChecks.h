@@ -1,8 +1,8 @@
 #pragma once
 
-#include "InstalledFonts.h"
-#include "SoundSettings.h"
-#include "TextList.h"
+#include "common/InstalledFonts.h"
+#include "common/TextList.h"
+#include "sound/SoundSettings.h"
 
 #include <array>
 #include <string>

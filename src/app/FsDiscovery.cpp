@@ -1,16 +1,16 @@
-#include "FsDiscovery.h"
+#include "app/FsDiscovery.h"
 
-#include "CloudIniFile.h"
-#include "ConfiguredPath.h"
-#include "FileHelpers.h"
-#include "FolderBrowser.h"
-#include "MessageService.h"
-#include "PathText.h"
-#include "ProgramPaths.h"
-#include "ResultText.h"
-#include "Services.h"
-#include "TextCompare.h"
-#include "clsRegRead.h"
+#include "common/FileHelpers.h"
+#include "common/FolderBrowser.h"
+#include "common/MessageService.h"
+#include "common/PathText.h"
+#include "common/ResultText.h"
+#include "common/Services.h"
+#include "common/TextCompare.h"
+#include "config/CloudIniFile.h"
+#include "config/ConfiguredPath.h"
+#include "config/ProgramPaths.h"
+#include "config/clsRegRead.h"
 
 namespace vellumar {
 

@@ -1,4 +1,4 @@
-#include "ScreenFacts_qt.h"
+#include "app/ScreenFacts_qt.h"
 
 #include <QFontDatabase>
 #include <QGuiApplication>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "StartUpSequence.h"
+#include "app/StartUpSequence.h"
 
 namespace vellumar {
 

@@ -1,7 +1,7 @@
 // One running copy per user: an exclusive lock on a file in the user's runtime folder. The
 // kernel drops the lock when the process ends, however it ends.
 
-#include "SingleInstance.h"
+#include "app/SingleInstance.h"
 
 #include <cstdlib>
 #include <fcntl.h>

@@ -1,8 +1,8 @@
 // One running copy per user session: a named mutex, released by the system when the process
 // ends.
 
-#include "SingleInstance.h"
-#include "WideText_win.h"
+#include "app/SingleInstance.h"
+#include "common/WideText_win.h"
 
 #include <windows.h>
 

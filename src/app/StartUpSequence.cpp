@@ -1,14 +1,14 @@
-#include "StartUpSequence.h"
+#include "app/StartUpSequence.h"
 
-#include "FileHelpers.h"
-#include "FileOperations.h"
-#include "FsDiscovery.h"
-#include "GetSystemFolders.h"
-#include "MessageService.h"
-#include "PathText.h"
-#include "ResultText.h"
-#include "Services.h"
-#include "SystemFolders.h"
+#include "app/FsDiscovery.h"
+#include "common/FileHelpers.h"
+#include "common/FileOperations.h"
+#include "common/MessageService.h"
+#include "common/PathText.h"
+#include "common/ResultText.h"
+#include "common/Services.h"
+#include "config/GetSystemFolders.h"
+#include "config/SystemFolders.h"
 
 namespace vellumar {
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "CloudIni.h"
-#include "CloudIniFile.h"
-#include "DataFolderChecks.h"
-#include "ProgramPaths.h"
+#include "app/CloudIni.h"
+#include "app/DataFolderChecks.h"
+#include "config/CloudIniFile.h"
+#include "config/ProgramPaths.h"
 
 #include <memory>
 

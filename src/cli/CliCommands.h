@@ -1,6 +1,6 @@
 #pragma once
 
-#include "TextureCommands.h"
+#include "cli/TextureCommands.h"
 
 #include <iosfwd>
 #include <string>

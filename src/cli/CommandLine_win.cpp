@@ -1,7 +1,7 @@
 // argv arrives in the ANSI code page on Windows; the wide command line has every character.
 
-#include "CommandLine.h"
-#include "WideText_win.h"
+#include "cli/CommandLine.h"
+#include "common/WideText_win.h"
 
 #include <windows.h>
 

@@ -1,4 +1,4 @@
-#include "ConsoleMessageService.h"
+#include "cli/ConsoleMessageService.h"
 
 #include <ostream>
 

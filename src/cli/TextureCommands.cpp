@@ -1,15 +1,15 @@
-#include "TextureCommands.h"
+#include "cli/TextureCommands.h"
 
-#include "Backup.h"
-#include "CliCommands.h"
-#include "Install.h"
-#include "LastInstalled.h"
-#include "PathText.h"
-#include "Restore.h"
-#include "Services.h"
-#include "SetCatalogue.h"
-#include "StartUpSequence.h"
-#include "TextCompare.h"
+#include "app/StartUpSequence.h"
+#include "cli/CliCommands.h"
+#include "common/PathText.h"
+#include "common/Services.h"
+#include "common/TextCompare.h"
+#include "textures/Backup.h"
+#include "textures/Install.h"
+#include "textures/LastInstalled.h"
+#include "textures/Restore.h"
+#include "textures/SetCatalogue.h"
 
 #include <algorithm>
 #include <optional>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ConsoleMessageService.h"
+#include "cli/ConsoleMessageService.h"
 
 #include <functional>
 #include <iosfwd>

@@ -1,14 +1,14 @@
 // vellumar-cli: the scripting and troubleshooting front end over the same core as the program.
 
-#include "CliCommands.h"
-#include "CommandLine.h"
-#include "ConsoleMessageService.h"
-#include "FileOperations.h"
-#include "NoWindows.h"
-#include "ProcessLauncher.h"
-#include "Registry.h"
-#include "Services.h"
-#include "SystemFolders.h"
+#include "cli/CliCommands.h"
+#include "cli/CommandLine.h"
+#include "cli/ConsoleMessageService.h"
+#include "common/FileOperations.h"
+#include "common/NoWindows.h"
+#include "common/ProcessLauncher.h"
+#include "common/Services.h"
+#include "config/Registry.h"
+#include "config/SystemFolders.h"
 
 #include <iostream>
 

@@ -1,4 +1,4 @@
-#include "ApplyProportionalFont_qt.h"
+#include "common/ApplyProportionalFont_qt.h"
 
 #include <QWidget>
 

@@ -1,4 +1,4 @@
-#include "EventPump_qt.h"
+#include "common/EventPump_qt.h"
 
 #include <QCoreApplication>
 

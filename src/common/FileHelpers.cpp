@@ -1,12 +1,12 @@
-#include "FileHelpers.h"
+#include "common/FileHelpers.h"
 
-#include "EventPump.h"
-#include "FileOperations.h"
-#include "MessageService.h"
-#include "PathText.h"
-#include "ResultText.h"
-#include "TextCompare.h"
-#include "WildcardMatch.h"
+#include "common/EventPump.h"
+#include "common/FileOperations.h"
+#include "common/MessageService.h"
+#include "common/PathText.h"
+#include "common/ResultText.h"
+#include "common/TextCompare.h"
+#include "common/WildcardMatch.h"
 
 #include <vector>
 

@@ -2,10 +2,10 @@
 // "\" separates path components, names are found without regard to letter case, a file whose
 // owner may not write it is read-only even for root, and copies keep the source's time stamp.
 
-#include "FileOperations.h"
-#include "PathText.h"
-#include "TextCompare.h"
-#include "WildcardMatch.h"
+#include "common/FileOperations.h"
+#include "common/PathText.h"
+#include "common/TextCompare.h"
+#include "common/WildcardMatch.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -1,8 +1,8 @@
 // File operations on Windows: the system's own calls through their UTF-16 entry points, so
 // that letter case, wildcards, attributes and sharing behave exactly as the simulator sees them.
 
-#include "FileOperations.h"
-#include "WideText_win.h"
+#include "common/FileOperations.h"
+#include "common/WideText_win.h"
 
 #include <windows.h>
 

@@ -1,4 +1,4 @@
-#include "FolderBrowser_qt.h"
+#include "common/FolderBrowser_qt.h"
 
 #include <QDir>
 #include <QFileDialog>

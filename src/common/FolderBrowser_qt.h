@@ -1,6 +1,6 @@
 #pragma once
 
-#include "FolderBrowser.h"
+#include "common/FolderBrowser.h"
 
 #include <QPointer>
 #include <QWidget>

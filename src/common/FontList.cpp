@@ -1,6 +1,6 @@
-#include "FontList.h"
+#include "common/FontList.h"
 
-#include "TextCompare.h"
+#include "common/TextCompare.h"
 
 #include <unordered_set>
 

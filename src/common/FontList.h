@@ -1,6 +1,6 @@
 #pragma once
 
-#include "TextList.h"
+#include "common/TextList.h"
 
 #include <functional>
 #include <string>

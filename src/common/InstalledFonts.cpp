@@ -1,4 +1,4 @@
-#include "InstalledFonts.h"
+#include "common/InstalledFonts.h"
 
 namespace vellumar {
 

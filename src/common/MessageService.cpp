@@ -1,4 +1,4 @@
-#include "MessageService.h"
+#include "common/MessageService.h"
 
 namespace vellumar {
 

@@ -1,6 +1,6 @@
-#include "MessageService_qt.h"
+#include "common/MessageService_qt.h"
 
-#include "frmMsg.h"
+#include "common/frmMsg.h"
 
 #include <QEventLoop>
 #include <QMessageBox>

@@ -1,7 +1,7 @@
-#include "PathText.h"
+#include "common/PathText.h"
 
-#include "MessageService.h"
-#include "TextCompare.h"
+#include "common/MessageService.h"
+#include "common/TextCompare.h"
 
 namespace vellumar {
 

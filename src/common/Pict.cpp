@@ -1,6 +1,6 @@
-#include "Pict.h"
+#include "common/Pict.h"
 
-#include "TextCompare.h"
+#include "common/TextCompare.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "ProcessLauncher.h"
+#include "common/ProcessLauncher.h"
 
 #include <cstdlib>
 #include <spawn.h>

@@ -1,5 +1,5 @@
-#include "ProcessLauncher.h"
-#include "WideText_win.h"
+#include "common/ProcessLauncher.h"
+#include "common/WideText_win.h"
 
 #include <windows.h>
 

@@ -1,7 +1,7 @@
-#include "ReplaceFile.h"
+#include "common/ReplaceFile.h"
 
-#include "FileOperations.h"
-#include "PathText.h"
+#include "common/FileOperations.h"
+#include "common/PathText.h"
 
 #include <atomic>
 #include <random>

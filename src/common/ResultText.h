@@ -1,6 +1,6 @@
 #pragma once
 
-#include "TextCompare.h"
+#include "common/TextCompare.h"
 
 #include <string>
 #include <string_view>

@@ -1,8 +1,8 @@
-#include "FileHelpers.h"
-#include "FileOperations.h"
-#include "MessageService.h"
-#include "PathText.h"
-#include "ReplaceFile.h"
+#include "common/FileHelpers.h"
+#include "common/FileOperations.h"
+#include "common/MessageService.h"
+#include "common/PathText.h"
+#include "common/ReplaceFile.h"
 
 namespace vellumar {
 

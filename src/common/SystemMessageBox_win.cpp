@@ -1,6 +1,6 @@
-#include "SystemMessageBox_win.h"
+#include "common/SystemMessageBox_win.h"
 
-#include "WideText_win.h"
+#include "common/WideText_win.h"
 
 #include <windows.h>
 

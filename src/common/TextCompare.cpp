@@ -1,4 +1,4 @@
-#include "TextCompare.h"
+#include "common/TextCompare.h"
 
 namespace vellumar {
 

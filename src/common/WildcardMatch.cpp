@@ -1,6 +1,6 @@
-#include "WildcardMatch.h"
+#include "common/WildcardMatch.h"
 
-#include "TextCompare.h"
+#include "common/TextCompare.h"
 
 namespace vellumar {
 

@@ -1,9 +1,9 @@
-#include "cDialog_qt.h"
+#include "common/cDialog_qt.h"
 
-#include "FileDialogText.h"
-#include "FileHelpers.h"
-#include "PathText.h"
-#include "ResultText.h"
+#include "common/FileDialogText.h"
+#include "common/FileHelpers.h"
+#include "common/PathText.h"
+#include "common/ResultText.h"
 
 #include <QDir>
 #include <QFileDialog>

@@ -1,4 +1,4 @@
-#include "cSplit.h"
+#include "common/cSplit.h"
 
 namespace vellumar {
 

@@ -1,4 +1,4 @@
-#include "frmMsg.h"
+#include "common/frmMsg.h"
 
 #include <QApplication>
 #include <QCursor>

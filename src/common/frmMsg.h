@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MessageLayout.h"
+#include "common/MessageLayout.h"
 
 #include <QDialog>
 #include <QPointer>

@@ -1,12 +1,12 @@
-#include "SoundSettings.h"
+#include "sound/SoundSettings.h"
 
-#include "CloudIniFile.h"
-#include "ConfiguredPath.h"
-#include "FileHelpers.h"
-#include "MessageService.h"
-#include "PathText.h"
-#include "ResultText.h"
-#include "TextCompare.h"
+#include "common/FileHelpers.h"
+#include "common/MessageService.h"
+#include "common/PathText.h"
+#include "common/ResultText.h"
+#include "common/TextCompare.h"
+#include "config/CloudIniFile.h"
+#include "config/ConfiguredPath.h"
 
 namespace vellumar {
 

@@ -1,14 +1,14 @@
-#include "Backup.h"
+#include "textures/Backup.h"
 
-#include "CopyProgress.h"
-#include "EventPump.h"
-#include "FileHelpers.h"
-#include "FileOperations.h"
-#include "MessageService.h"
-#include "PathText.h"
-#include "ReplaceFile.h"
-#include "ResultText.h"
-#include "TextCompare.h"
+#include "common/EventPump.h"
+#include "common/FileHelpers.h"
+#include "common/FileOperations.h"
+#include "common/MessageService.h"
+#include "common/PathText.h"
+#include "common/ReplaceFile.h"
+#include "common/ResultText.h"
+#include "common/TextCompare.h"
+#include "textures/CopyProgress.h"
 
 #include <unordered_set>
 

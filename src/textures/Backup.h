@@ -1,7 +1,7 @@
 #pragma once
 
-#include "TextList.h"
-#include "TextureFolders.h"
+#include "common/TextList.h"
+#include "textures/TextureFolders.h"
 
 #include <string>
 

@@ -1,7 +1,7 @@
-#include "CopyProgress.h"
+#include "textures/CopyProgress.h"
 
-#include "EventPump.h"
-#include "FileOperations.h"
+#include "common/EventPump.h"
+#include "common/FileOperations.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
-#include "LastInstalled.h"
+#include "textures/LastInstalled.h"
 
-#include "CloudIniFile.h"
-#include "EventPump.h"
-#include "ResultText.h"
+#include "common/EventPump.h"
+#include "common/ResultText.h"
+#include "config/CloudIniFile.h"
 
 namespace vellumar {
 

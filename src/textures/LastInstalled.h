@@ -1,11 +1,15 @@
 #pragma once
 
-#include "CloudIni.h"
-
 #include <string>
 #include <vector>
 
 namespace vellumar {
+
+// One line of the record: the set and the data type it was installed as.
+struct LastInstalledEntry {
+    std::string setName;
+    std::string dataType;
+};
 
 class CloudIniFile;
 class EventPump;

@@ -1,12 +1,12 @@
-#include "Restore.h"
+#include "textures/Restore.h"
 
-#include "Backup.h"
-#include "CopyProgress.h"
-#include "FileHelpers.h"
-#include "MessageService.h"
-#include "PathText.h"
-#include "ReplaceFile.h"
-#include "ResultText.h"
+#include "common/FileHelpers.h"
+#include "common/MessageService.h"
+#include "common/PathText.h"
+#include "common/ReplaceFile.h"
+#include "common/ResultText.h"
+#include "textures/Backup.h"
+#include "textures/CopyProgress.h"
 
 namespace vellumar {
 

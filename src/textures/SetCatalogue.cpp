@@ -1,11 +1,11 @@
-#include "SetCatalogue.h"
+#include "textures/SetCatalogue.h"
 
-#include "FileHelpers.h"
-#include "FileOperations.h"
-#include "PathText.h"
-#include "ResultText.h"
-#include "TextCompare.h"
-#include "WildcardMatch.h"
+#include "common/FileHelpers.h"
+#include "common/FileOperations.h"
+#include "common/PathText.h"
+#include "common/ResultText.h"
+#include "common/TextCompare.h"
+#include "common/WildcardMatch.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
-#include "TextureFolders.h"
+#include "textures/TextureFolders.h"
 
-#include "PathText.h"
-#include "ProgramPaths.h"
+#include "common/PathText.h"
+#include "config/ProgramPaths.h"
 
 namespace vellumar {
 

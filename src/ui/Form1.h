@@ -1,8 +1,8 @@
 #pragma once
 
-#include "LastInstalled.h"
-#include "MainWindowLogic.h"
-#include "PickRandomSet.h"
+#include "textures/LastInstalled.h"
+#include "ui/MainWindowLogic.h"
+#include "ui/PickRandomSet.h"
 
 #include <QPoint>
 #include <QSystemTrayIcon>

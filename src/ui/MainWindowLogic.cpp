@@ -1,10 +1,10 @@
-#include "MainWindowLogic.h"
+#include "ui/MainWindowLogic.h"
 
-#include "CloudIni.h"
-#include "FileHelpers.h"
-#include "PathText.h"
-#include "SetCatalogue.h"
-#include "TextCompare.h"
+#include "app/CloudIni.h"
+#include "common/FileHelpers.h"
+#include "common/PathText.h"
+#include "common/TextCompare.h"
+#include "textures/SetCatalogue.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
-#include "PickRandomSet.h"
+#include "ui/PickRandomSet.h"
 
-#include "EventPump.h"
+#include "common/EventPump.h"
 
 #include <chrono>
 #include <memory>

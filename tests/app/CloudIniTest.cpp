@@ -1,10 +1,10 @@
-#include "CloudIni.h"
+#include "app/CloudIni.h"
 
-#include "CloudIniFile.h"
-#include "DataFolderChecks.h"
-#include "ProgramPaths.h"
-#include "TempFolder.h"
-#include "TestServices.h"
+#include "app/DataFolderChecks.h"
+#include "config/CloudIniFile.h"
+#include "config/ProgramPaths.h"
+#include "support/TempFolder.h"
+#include "support/TestServices.h"
 
 #include <gtest/gtest.h>
 

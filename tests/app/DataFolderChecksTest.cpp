@@ -1,12 +1,12 @@
-#include "DataFolderChecks.h"
+#include "app/DataFolderChecks.h"
 
-#include "CloudIniFile.h"
-#include "FileHelpers.h"
-#include "PathText.h"
-#include "ProgramPaths.h"
-#include "TempFolder.h"
-#include "TestServices.h"
-#include "TextCompare.h"
+#include "common/FileHelpers.h"
+#include "common/PathText.h"
+#include "common/TextCompare.h"
+#include "config/CloudIniFile.h"
+#include "config/ProgramPaths.h"
+#include "support/TempFolder.h"
+#include "support/TestServices.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
-#include "FsDiscovery.h"
+#include "app/FsDiscovery.h"
 
-#include "CloudIniFile.h"
-#include "PathText.h"
-#include "ProgramPaths.h"
-#include "TempFolder.h"
-#include "TestServices.h"
+#include "common/PathText.h"
+#include "config/CloudIniFile.h"
+#include "config/ProgramPaths.h"
+#include "support/TempFolder.h"
+#include "support/TestServices.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
-#include "StartUpSequence.h"
+#include "app/StartUpSequence.h"
 
-#include "FileHelpers.h"
-#include "PathText.h"
-#include "TempFolder.h"
-#include "TestInstallation.h"
+#include "common/FileHelpers.h"
+#include "common/PathText.h"
+#include "support/TempFolder.h"
+#include "support/TestInstallation.h"
 
 #include <gtest/gtest.h>
 

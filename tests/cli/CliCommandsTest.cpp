@@ -1,7 +1,7 @@
-#include "CliCommands.h"
+#include "cli/CliCommands.h"
 
-#include "TempFolder.h"
-#include "TestServices.h"
+#include "support/TempFolder.h"
+#include "support/TestServices.h"
 
 #include <gtest/gtest.h>
 

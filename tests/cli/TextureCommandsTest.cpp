@@ -1,10 +1,10 @@
-#include "TextureCommands.h"
+#include "cli/TextureCommands.h"
 
-#include "CliCommands.h"
-#include "FileHelpers.h"
-#include "PathText.h"
-#include "TempFolder.h"
-#include "TestInstallation.h"
+#include "cli/CliCommands.h"
+#include "common/FileHelpers.h"
+#include "common/PathText.h"
+#include "support/TempFolder.h"
+#include "support/TestInstallation.h"
 
 #include <gtest/gtest.h>
 

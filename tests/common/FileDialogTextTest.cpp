@@ -1,7 +1,7 @@
-#include "FileDialogText.h"
+#include "common/FileDialogText.h"
 
-#include "PathText.h"
-#include "cSplit.h"
+#include "common/PathText.h"
+#include "common/cSplit.h"
 
 #include <gtest/gtest.h>
 

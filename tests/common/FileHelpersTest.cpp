@@ -1,11 +1,11 @@
-#include "FileHelpers.h"
+#include "common/FileHelpers.h"
 
-#include "CountingEventPump.h"
-#include "FaultyFileOperations.h"
-#include "FileOperations.h"
-#include "PathText.h"
-#include "ResultText.h"
-#include "TempFolder.h"
+#include "common/FileOperations.h"
+#include "common/PathText.h"
+#include "common/ResultText.h"
+#include "support/CountingEventPump.h"
+#include "support/FaultyFileOperations.h"
+#include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 

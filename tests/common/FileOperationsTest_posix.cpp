@@ -1,10 +1,10 @@
 // Behaviour that Linux has to add to be like Windows: letter case, "\" and the listing order.
 
-#include "CountingEventPump.h"
-#include "FileHelpers.h"
-#include "FileOperations.h"
-#include "ReplaceFile.h"
-#include "TempFolder.h"
+#include "common/FileHelpers.h"
+#include "common/FileOperations.h"
+#include "common/ReplaceFile.h"
+#include "support/CountingEventPump.h"
+#include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 

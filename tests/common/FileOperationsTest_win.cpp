@@ -1,8 +1,8 @@
 // What the Windows file operations add to the system's calls: UTF-8 names, either separator,
 // time stamps in Unix nanoseconds, attribute bits, and the safety of replacing a file.
 
-#include "FileOperations.h"
-#include "TempFolder.h"
+#include "common/FileOperations.h"
+#include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 

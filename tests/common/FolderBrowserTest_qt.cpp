@@ -1,7 +1,7 @@
 // BrowseForFolder with the toolkit's dialog, answered by the test as a user would.
 
-#include "FolderBrowser_qt.h"
-#include "TempFolder.h"
+#include "common/FolderBrowser_qt.h"
+#include "support/TempFolder.h"
 
 #include <QApplication>
 #include <QDir>

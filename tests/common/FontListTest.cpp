@@ -1,4 +1,4 @@
-#include "FontList.h"
+#include "common/FontList.h"
 
 #include <gtest/gtest.h>
 

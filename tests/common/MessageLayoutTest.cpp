@@ -1,6 +1,6 @@
-#include "MessageLayout.h"
+#include "common/MessageLayout.h"
 
-#include "MessageService.h"
+#include "common/MessageService.h"
 
 #include <gtest/gtest.h>
 

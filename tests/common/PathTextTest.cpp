@@ -1,6 +1,6 @@
-#include "PathText.h"
+#include "common/PathText.h"
 
-#include "FakeMessageService.h"
+#include "support/FakeMessageService.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "Pict.h"
+#include "common/Pict.h"
 
 #include <gtest/gtest.h>
 

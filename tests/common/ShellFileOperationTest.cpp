@@ -1,10 +1,10 @@
-#include "CountingEventPump.h"
-#include "FakeMessageService.h"
-#include "FaultyFileOperations.h"
-#include "FileHelpers.h"
-#include "ReplaceFile.h"
-#include "ResultText.h"
-#include "TempFolder.h"
+#include "common/FileHelpers.h"
+#include "common/ReplaceFile.h"
+#include "common/ResultText.h"
+#include "support/CountingEventPump.h"
+#include "support/FakeMessageService.h"
+#include "support/FaultyFileOperations.h"
+#include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 

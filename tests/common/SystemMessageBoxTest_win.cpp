@@ -1,8 +1,8 @@
 // The system message box: a helper thread finds the box among this thread's windows, notes
 // what it shows and presses a button. Needs a display (under Wine: an X server such as Xvfb).
 
-#include "PathText.h"
-#include "SystemMessageBox_win.h"
+#include "common/PathText.h"
+#include "common/SystemMessageBox_win.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-#include "ResultText.h"
-#include "TextCompare.h"
-#include "WildcardMatch.h"
-#include "cSplit.h"
+#include "common/ResultText.h"
+#include "common/TextCompare.h"
+#include "common/WildcardMatch.h"
+#include "common/cSplit.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "MessageService.h"
-#include "MessageService_qt.h"
-#include "frmMsg.h"
+#include "common/MessageService.h"
+#include "common/MessageService_qt.h"
+#include "common/frmMsg.h"
 
 #include <QApplication>
 #include <QDir>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "EventPump.h"
+#include "common/EventPump.h"
 
 #include <functional>
 

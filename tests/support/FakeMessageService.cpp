@@ -1,4 +1,4 @@
-#include "FakeMessageService.h"
+#include "support/FakeMessageService.h"
 
 namespace vellumar::test {
 

@@ -1,6 +1,6 @@
-#include "FakeRegistry.h"
+#include "support/FakeRegistry.h"
 
-#include "TextCompare.h"
+#include "common/TextCompare.h"
 
 namespace vellumar::test {
 

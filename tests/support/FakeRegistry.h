@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Registry.h"
+#include "config/Registry.h"
 
 #include <map>
 #include <string>

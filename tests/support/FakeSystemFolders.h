@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SystemFolders.h"
+#include "config/SystemFolders.h"
 
 #include <string>
 

@@ -1,4 +1,4 @@
-#include "FaultyFileOperations.h"
+#include "support/FaultyFileOperations.h"
 
 namespace vellumar::test {
 

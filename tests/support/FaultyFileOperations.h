@@ -1,6 +1,6 @@
 #pragma once
 
-#include "FileOperations.h"
+#include "common/FileOperations.h"
 
 #include <functional>
 #include <memory>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ProcessLauncher.h"
-#include "TextList.h"
+#include "common/ProcessLauncher.h"
+#include "common/TextList.h"
 
 namespace vellumar::test {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "FolderBrowser.h"
-#include "TextList.h"
+#include "common/FolderBrowser.h"
+#include "common/TextList.h"
 
 #include <deque>
 

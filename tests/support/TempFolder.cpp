@@ -1,6 +1,6 @@
-#include "TempFolder.h"
+#include "support/TempFolder.h"
 
-#include "PathText.h"
+#include "common/PathText.h"
 
 #include <atomic>
 #include <chrono>

@@ -1,4 +1,4 @@
-#include "TestInstallation.h"
+#include "support/TestInstallation.h"
 
 namespace vellumar::test {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "TempFolder.h"
-#include "TestServices.h"
+#include "support/TempFolder.h"
+#include "support/TestServices.h"
 
 #include <string>
 

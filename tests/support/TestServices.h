@@ -1,13 +1,13 @@
 #pragma once
 
-#include "CountingEventPump.h"
-#include "FakeMessageService.h"
-#include "FakeRegistry.h"
-#include "FakeSystemFolders.h"
-#include "FaultyFileOperations.h"
-#include "RecordingProcessLauncher.h"
-#include "ScriptedFolderBrowser.h"
-#include "Services.h"
+#include "common/Services.h"
+#include "support/CountingEventPump.h"
+#include "support/FakeMessageService.h"
+#include "support/FakeRegistry.h"
+#include "support/FakeSystemFolders.h"
+#include "support/FaultyFileOperations.h"
+#include "support/RecordingProcessLauncher.h"
+#include "support/ScriptedFolderBrowser.h"
 
 namespace vellumar::test {
 

@@ -1,8 +1,8 @@
-#include "Backup.h"
-#include "FileHelpers.h"
-#include "Restore.h"
-#include "TempFolder.h"
-#include "TestServices.h"
+#include "common/FileHelpers.h"
+#include "support/TempFolder.h"
+#include "support/TestServices.h"
+#include "textures/Backup.h"
+#include "textures/Restore.h"
 
 #include <gtest/gtest.h>
 

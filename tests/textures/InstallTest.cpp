@@ -1,10 +1,10 @@
-#include "Install.h"
+#include "textures/Install.h"
 
-#include "FileHelpers.h"
-#include "LastInstalled.h"
-#include "PathText.h"
-#include "TempFolder.h"
-#include "TestServices.h"
+#include "common/FileHelpers.h"
+#include "common/PathText.h"
+#include "support/TempFolder.h"
+#include "support/TestServices.h"
+#include "textures/LastInstalled.h"
 
 #include <gtest/gtest.h>
 

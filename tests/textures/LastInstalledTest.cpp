@@ -1,8 +1,8 @@
-#include "LastInstalled.h"
+#include "textures/LastInstalled.h"
 
-#include "CloudIniFile.h"
-#include "TempFolder.h"
-#include "TestServices.h"
+#include "config/CloudIniFile.h"
+#include "support/TempFolder.h"
+#include "support/TestServices.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
-#include "SetCatalogue.h"
+#include "textures/SetCatalogue.h"
 
-#include "CountingEventPump.h"
-#include "FaultyFileOperations.h"
-#include "TempFolder.h"
+#include "support/CountingEventPump.h"
+#include "support/FaultyFileOperations.h"
+#include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 

@@ -1,13 +1,13 @@
 // The main window, driven by its controls' object names over a library built in a temporary
 // folder.
 
-#include "Form1.h"
-#include "PathText.h"
-#include "PictureView.h"
-#include "Skin.h"
-#include "StartUpSequence.h"
-#include "TempFolder.h"
-#include "TestInstallation.h"
+#include "app/StartUpSequence.h"
+#include "common/PathText.h"
+#include "common/widgets/PictureView.h"
+#include "common/widgets/Skin.h"
+#include "support/TempFolder.h"
+#include "support/TestInstallation.h"
+#include "ui/Form1.h"
 
 #include <QAction>
 #include <QCheckBox>

@@ -1,10 +1,10 @@
-#include "MainWindowLogic.h"
+#include "ui/MainWindowLogic.h"
 
-#include "CloudIni.h"
-#include "CountingEventPump.h"
-#include "FaultyFileOperations.h"
-#include "SetCatalogue.h"
-#include "TempFolder.h"
+#include "app/CloudIni.h"
+#include "support/CountingEventPump.h"
+#include "support/FaultyFileOperations.h"
+#include "support/TempFolder.h"
+#include "textures/SetCatalogue.h"
 
 #include <gtest/gtest.h>
 

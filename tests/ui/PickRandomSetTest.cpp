@@ -1,6 +1,6 @@
-#include "PickRandomSet.h"
+#include "ui/PickRandomSet.h"
 
-#include "CountingEventPump.h"
+#include "support/CountingEventPump.h"
 
 #include <gtest/gtest.h>
 

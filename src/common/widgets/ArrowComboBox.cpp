@@ -1,4 +1,4 @@
-#include "ArrowComboBox.h"
+#include "common/widgets/ArrowComboBox.h"
 
 #include <QPainter>
 #include <QPainterPath>

@@ -1,6 +1,6 @@
-#include "ClickableLabel.h"
+#include "common/widgets/ClickableLabel.h"
 
-#include "Skin.h"
+#include "common/widgets/Skin.h"
 
 #include <QEvent>
 #include <QMouseEvent>

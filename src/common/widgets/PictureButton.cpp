@@ -1,6 +1,6 @@
-#include "PictureButton.h"
+#include "common/widgets/PictureButton.h"
 
-#include "Skin.h"
+#include "common/widgets/Skin.h"
 
 #include <QFontMetrics>
 #include <QLinearGradient>

@@ -1,10 +1,10 @@
-#include "PictureView.h"
+#include "common/widgets/PictureView.h"
 
-#include "FileHelpers.h"
-#include "FileOperations.h"
-#include "Pict.h"
-#include "ResultText.h"
-#include "Skin.h"
+#include "common/FileHelpers.h"
+#include "common/FileOperations.h"
+#include "common/Pict.h"
+#include "common/ResultText.h"
+#include "common/widgets/Skin.h"
 
 #include <QImageReader>
 #include <QPainter>

@@ -1,4 +1,4 @@
-#include "Skin.h"
+#include "common/widgets/Skin.h"
 
 #include <QIconEngine>
 #include <QLinearGradient>

@@ -1,6 +1,6 @@
-#include "SkyBand.h"
+#include "common/widgets/SkyBand.h"
 
-#include "Skin.h"
+#include "common/widgets/Skin.h"
 
 #include <QPainter>
 

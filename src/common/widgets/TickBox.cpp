@@ -1,6 +1,6 @@
-#include "TickBox.h"
+#include "common/widgets/TickBox.h"
 
-#include "Skin.h"
+#include "common/widgets/Skin.h"
 
 #include <QApplication>
 #include <QPainter>

@@ -1,0 +1,69 @@
+// vellumar: the program. It reads no command line of its own.
+
+#include "app/ScreenFacts_qt.h"
+#include "app/SingleInstance.h"
+#include "app/StartUpSequence.h"
+#include "common/EventPump_qt.h"
+#include "common/FileOperations.h"
+#include "common/FolderBrowser_qt.h"
+#include "common/MessageService_qt.h"
+#include "common/ProcessLauncher.h"
+#include "common/Services.h"
+#include "common/widgets/Skin.h"
+#include "config/Registry.h"
+#include "config/SystemFolders.h"
+#include "ui/Form1.h"
+
+#include <QApplication>
+#include <QStyleFactory>
+#include <QTimer>
+
+#include <cstdlib>
+
+int main(int argc, char** argv)
+{
+    using namespace vellumar;
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Vellumar"));
+    // The skin is drawn for one style on every system, and the window lives on in the
+    // notification area when it is hidden: only Form_Unload ends the program.
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setWindowIcon(skin::AppIcon());
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    // A second copy ends without a word; the first one carries on.
+    const auto instance = CreateSingleInstanceLock();
+    if (!instance->acquire())
+        return EXIT_SUCCESS;
+
+    QtMessageService messages;
+    QtEventPump events;
+    QtFolderBrowser folderBrowser;
+    const auto files = CreatePlatformFileOperations();
+    const auto registry = CreatePlatformRegistry();
+    const auto systemFolders = CreatePlatformSystemFolders();
+    const auto launcher = CreatePlatformProcessLauncher();
+    Services services{messages,       events,    *files,       *registry,
+                      *systemFolders, *launcher, folderBrowser};
+
+    const ScreenFacts screen = ReadScreenFacts();
+    ProgramState state;
+    if (RunStartUpSequence(services, screen, state) == StartUpOutcome::EndProgram)
+        return EXIT_FAILURE;
+
+    Form1 window(services, state, screen);
+    messages.setMainWindow(&window);
+    messages.setFixedFontName(state.checks.FixFont);
+    folderBrowser.setOwner(&window);
+    QObject::connect(&window, &Form1::unloaded, &application, &QCoreApplication::quit);
+    QObject::connect(&window, &Form1::programEnded, &application,
+                     [] { QCoreApplication::exit(EXIT_FAILURE); });
+    window.Form_Load();
+    window.show();
+
+    // Benchmarks and smoke tests stop here, once the window stands ready. exit() rather than
+    // quit(): quitting closes the window, and closing is the shutdown, which is not measured.
+    if (qEnvironmentVariableIntValue("VELLUMAR_EXIT_WHEN_READY") == 1)
+        QTimer::singleShot(0, &application, [] { QCoreApplication::exit(EXIT_SUCCESS); });
+    return application.exec();
+}
