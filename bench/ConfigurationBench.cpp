@@ -5,6 +5,7 @@
 #include "GeneratedLibrary.h"
 #include "app/CloudIni.h"
 #include "app/DataFolderChecks.h"
+#include "common/Clock.h"
 #include "common/EventPump.h"
 #include "common/FileOperations.h"
 #include "common/FolderBrowser.h"
@@ -55,7 +56,8 @@ void BM_LoadCloudIni1000Sets(benchmark::State& state)
     const auto folders = CreatePlatformSystemFolders();
     const auto launcher = CreatePlatformProcessLauncher();
     NoWindowsFolderBrowser browser;
-    Services services{messages, events, *files, *registry, *folders, *launcher, browser};
+    const auto clock = CreateSystemClock();
+    Services services{messages, events, *files, *registry, *folders, *launcher, browser, *clock};
     std::filesystem::create_directories(home + "/AppData/Microsoft/FS9");
     std::ofstream(home + "/AppData/Microsoft/FS9/fs9.cfg");
     for (auto _ : state) {

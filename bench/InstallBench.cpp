@@ -4,6 +4,7 @@
 
 #include "BenchSupport.h"
 #include "GeneratedLibrary.h"
+#include "common/Clock.h"
 #include "common/EventPump.h"
 #include "common/FileOperations.h"
 #include "common/MessageService.h"
@@ -66,7 +67,8 @@ void BM_Install50x4MB(benchmark::State& state)
     YesMessages messages;
     NoWindowsEventPump events;
     const auto files = CreatePlatformFileOperations();
-    TextureServices services{messages, *files, events};
+    const auto clock = CreateSystemClock();
+    TextureServices services{messages, *files, events, *clock};
     const TextureFolders folders{set.simulator, set.simulator + "/texture",
                                  ScratchFolder() + "/large/BackUp", ScratchFolder() + "/large"};
     InstallRequest request;

@@ -3,6 +3,7 @@
 #include "app/ScreenFacts_qt.h"
 #include "app/SingleInstance.h"
 #include "app/StartUpSequence.h"
+#include "common/Clock.h"
 #include "common/EventPump_qt.h"
 #include "common/FileOperations.h"
 #include "common/FolderBrowser_qt.h"
@@ -43,8 +44,9 @@ int main(int argc, char** argv)
     const auto registry = CreatePlatformRegistry();
     const auto systemFolders = CreatePlatformSystemFolders();
     const auto launcher = CreatePlatformProcessLauncher();
-    Services services{messages,       events,    *files,       *registry,
-                      *systemFolders, *launcher, folderBrowser};
+    const auto clock = CreateSystemClock();
+    Services services{messages,       events,    *files,        *registry,
+                      *systemFolders, *launcher, folderBrowser, *clock};
 
     const ScreenFacts screen = ReadScreenFacts();
     ProgramState state;

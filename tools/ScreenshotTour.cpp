@@ -5,6 +5,7 @@
 
 #include "app/ScreenFacts_qt.h"
 #include "app/StartUpSequence.h"
+#include "common/Clock.h"
 #include "common/EventPump_qt.h"
 #include "common/FileOperations.h"
 #include "common/FolderBrowser_qt.h"
@@ -84,8 +85,9 @@ struct Program {
     std::unique_ptr<Registry> registry = CreatePlatformRegistry();
     std::unique_ptr<SystemFolders> systemFolders = CreatePlatformSystemFolders();
     std::unique_ptr<ProcessLauncher> launcher = CreatePlatformProcessLauncher();
-    Services services{messages,       events,    *files,       *registry,
-                      *systemFolders, *launcher, folderBrowser};
+    std::unique_ptr<Clock> clock = CreateSystemClock();
+    Services services{messages,       events,    *files,        *registry,
+                      *systemFolders, *launcher, folderBrowser, *clock};
     ScreenFacts screen = ReadScreenFacts();
     ProgramState state;
 };

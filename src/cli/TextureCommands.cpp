@@ -190,7 +190,7 @@ public:
 private:
     TextureServices servicesForTextures()
     {
-        return {services_.messages, services_.files, services_.events,
+        return {services_.messages, services_.files, services_.events, services_.clock,
                 [this](const std::string& status) {
                     if (!status.empty())
                         err_ << status << '\n';

@@ -3,6 +3,7 @@
 #include "cli/CliCommands.h"
 #include "cli/CommandLine.h"
 #include "cli/ConsoleMessageService.h"
+#include "common/Clock.h"
 #include "common/FileOperations.h"
 #include "common/NoWindows.h"
 #include "common/ProcessLauncher.h"
@@ -22,8 +23,9 @@ int main(int argc, char** argv)
     const auto systemFolders = CreatePlatformSystemFolders();
     const auto launcher = CreatePlatformProcessLauncher();
     NoWindowsFolderBrowser folderBrowser;
-    Services services{messages,       events,    *files,       *registry,
-                      *systemFolders, *launcher, folderBrowser};
+    const auto clock = CreateSystemClock();
+    Services services{messages,       events,    *files,        *registry,
+                      *systemFolders, *launcher, folderBrowser, *clock};
     return RunCliCommand(
         CommandLineArguments(argc, argv), services, std::cout, std::cerr,
         [&messages](ConsoleMessageService::Answers answers) { messages.setAnswers(answers); });

@@ -2,6 +2,7 @@
 
 namespace vellumar {
 
+class Clock;
 class MessageService;
 class EventPump;
 class FileOperations;
@@ -19,6 +20,7 @@ struct Services {
     SystemFolders& systemFolders;
     ProcessLauncher& launcher;
     FolderBrowser& folderBrowser;
+    Clock& clock;
 };
 
 } // namespace vellumar

@@ -1,5 +1,6 @@
 #include "textures/Install.h"
 
+#include "common/Clock.h"
 #include "common/EventPump.h"
 #include "common/FileHelpers.h"
 #include "common/FileOperations.h"
@@ -121,7 +122,7 @@ InstallOutcome InstallTextureSet(TextureServices& services, const TextureFolders
     services.showStatus(request.hideSetName ? std::string() : request.setName);
     InstallOutcome outcome;
     if (request.autoRandomRunning)
-        outcome.lastInstallTime = std::chrono::system_clock::now();
+        outcome.lastInstallTime = services.clock.now();
     if (request.cloudFiles.empty() && request.optionFiles.empty())
         return outcome;
     const std::string setName = request.hideSetName ? "Random Texture set" : request.setName;

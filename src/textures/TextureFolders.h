@@ -8,6 +8,7 @@
 
 namespace vellumar {
 
+class Clock;
 class EventPump;
 class FileOperations;
 class MessageService;
@@ -35,6 +36,7 @@ struct TextureServices {
     MessageService& messages;
     FileOperations& files;
     EventPump& events;
+    Clock& clock;
     // The main window's status line (lblMsg); shows progress such as "Copying name".
     std::function<void(const std::string&)> showStatus = [](const std::string&) {};
     // How many bytes of a run of copies are done, of how many; done equals total at its end.

@@ -134,7 +134,7 @@ Form1::Form1(Services& services, ProgramState& state, const ScreenFacts& screen,
     , services_(services)
     , state_(state)
     , screen_(screen)
-    , picker_(std::move(uniform))
+    , picker_(uniform ? std::move(uniform) : ClockSeededUniform(services.clock))
 {
     setObjectName(QStringLiteral("Form1"));
     setWindowIcon(skin::AppIcon());
@@ -1034,7 +1034,10 @@ void Form1::cmdToOrg_Click()
 
 TextureServices Form1::Textures()
 {
-    return {services_.messages, services_.files, services_.events,
+    return {services_.messages,
+            services_.files,
+            services_.events,
+            services_.clock,
             [this](const std::string& text) { ShowStatus(text); },
             [this](std::uint64_t done, std::uint64_t total) { ShowCopyProgress(done, total); }};
 }

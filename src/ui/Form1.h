@@ -44,9 +44,9 @@ class Form1 final : public QWidget {
 
 public:
     // `state` holds the configuration that the start-up has loaded; `uniform` feeds the hidden
-    // random pick (a clock-seeded generator in the program).
+    // random pick (empty: a generator seeded from the services' clock).
     Form1(Services& services, ProgramState& state, const ScreenFacts& screen,
-          std::function<double()> uniform = ClockSeededUniform(), QWidget* parent = nullptr);
+          std::function<double()> uniform = {}, QWidget* parent = nullptr);
     ~Form1() override;
 
     // The window's part of the start-up, once the configuration is loaded: help, situations,

@@ -1,8 +1,8 @@
 #include "ui/PickRandomSet.h"
 
+#include "common/Clock.h"
 #include "common/EventPump.h"
 
-#include <chrono>
 #include <memory>
 #include <random>
 
@@ -49,10 +49,10 @@ int RandomSetPicker::PickRandomSet(int low, int high, const std::vector<bool>& s
     return pick;
 }
 
-std::function<double()> ClockSeededUniform()
+std::function<double()> ClockSeededUniform(Clock& clock)
 {
     auto engine = std::make_shared<std::mt19937_64>(
-        static_cast<std::uint64_t>(std::chrono::system_clock::now().time_since_epoch().count()));
+        static_cast<std::uint64_t>(clock.now().time_since_epoch().count()));
     return [engine] { return std::uniform_real_distribution<double>(0.0, 1.0)(*engine); };
 }
 

@@ -5,6 +5,7 @@
 
 namespace vellumar {
 
+class Clock;
 class EventPump;
 
 // The AutoRandom pick: an index in [low, high] whose selection flag is set and that differs
@@ -25,7 +26,7 @@ private:
     std::function<double()> uniform_;
 };
 
-// A uniform generator in [0, 1) seeded from the clock.
-std::function<double()> ClockSeededUniform();
+// A uniform generator in [0, 1) seeded from the clock's time.
+std::function<double()> ClockSeededUniform(Clock& clock);
 
 } // namespace vellumar

@@ -1,5 +1,7 @@
 #include "support/FakeMessageService.h"
 
+#include <gtest/gtest.h>
+
 namespace vellumar::test {
 
 int FakeMessageService::answer(int style)
@@ -22,6 +24,16 @@ int FakeMessageService::ShowSystemMessage(const std::string& text, int style,
 {
     shown_.push_back({title, text, style, true});
     return answer(style);
+}
+
+const FakeMessageService::Shown& FakeMessageService::last() const
+{
+    static const Shown none{};
+    if (shown_.empty()) {
+        ADD_FAILURE() << "no message was shown";
+        return none;
+    }
+    return shown_.back();
 }
 
 } // namespace vellumar::test

@@ -28,7 +28,8 @@ public:
     std::function<int(int style)> answerEverything;
 
     const std::vector<Shown>& shown() const { return shown_; }
-    const Shown& last() const { return shown_.back(); }
+    // The latest message; when none was shown the test fails and an empty message comes back.
+    const Shown& last() const;
     bool empty() const { return shown_.empty(); }
 
 private:

@@ -2,6 +2,7 @@
 
 #include "common/Services.h"
 #include "support/CountingEventPump.h"
+#include "support/FakeClock.h"
 #include "support/FakeMessageService.h"
 #include "support/FakeRegistry.h"
 #include "support/FakeSystemFolders.h"
@@ -20,7 +21,9 @@ struct TestServices {
     FakeSystemFolders systemFolders;
     RecordingProcessLauncher launcher;
     ScriptedFolderBrowser folderBrowser;
-    Services services{messages, events, files, registry, systemFolders, launcher, folderBrowser};
+    FakeClock clock;
+    Services services{messages,      events,   files,         registry,
+                      systemFolders, launcher, folderBrowser, clock};
 };
 
 } // namespace vellumar::test

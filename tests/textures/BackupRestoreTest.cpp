@@ -16,7 +16,7 @@ class BackupRestoreTest : public ::testing::Test {
 protected:
     test::TempFolder temp;
     test::TestServices fakes;
-    TextureServices services{fakes.messages, fakes.files, fakes.events};
+    TextureServices services{fakes.messages, fakes.files, fakes.events, fakes.clock};
     TextureFolders folders;
 
     BackupRestoreTest()

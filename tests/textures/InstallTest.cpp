@@ -20,7 +20,7 @@ class InstallTest : public ::testing::Test {
 protected:
     test::TempFolder temp;
     test::TestServices fakes;
-    TextureServices services{fakes.messages, fakes.files, fakes.events,
+    TextureServices services{fakes.messages, fakes.files, fakes.events, fakes.clock,
                              [this](const std::string& text) { status.push_back(text); }};
     TextureFolders folders;
     LastInstalledRecord record;
@@ -169,16 +169,16 @@ TEST_F(InstallTest, AutoRandomInstallsWithoutAsking)
     InstallRequest automatic = request(folder, AllTicked({"cld01.bmp"}));
     automatic.autoRandomRunning = true;
     automatic.backupOriginals = true;
-    const auto before = std::chrono::system_clock::now();
     const InstallOutcome outcome = InstallTextureSet(services, folders, automatic, record);
     EXPECT_TRUE(outcome.installed);
     EXPECT_TRUE(fakes.messages.empty());
-    // The countdown restarts from the install, also when the set offers nothing to install.
-    ASSERT_TRUE(outcome.lastInstallTime);
-    EXPECT_GE(*outcome.lastInstallTime, before);
-    EXPECT_LE(*outcome.lastInstallTime, std::chrono::system_clock::now());
+    // The countdown restarts from the moment the install begins, also when the set offers
+    // nothing to install.
+    EXPECT_EQ(outcome.lastInstallTime, fakes.clock.now());
+    fakes.clock.advance(std::chrono::minutes(5));
     automatic.cloudFiles.clear();
-    EXPECT_TRUE(InstallTextureSet(services, folders, automatic, record).lastInstallTime);
+    EXPECT_EQ(InstallTextureSet(services, folders, automatic, record).lastInstallTime,
+              fakes.clock.now());
     // Without AutoRandom there is no countdown to restart.
     EXPECT_FALSE(
         InstallTextureSet(services, folders, request(folder, AllTicked({"cld01.bmp"})), record)

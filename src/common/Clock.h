@@ -1,0 +1,23 @@
+#pragma once
+
+#include <chrono>
+#include <memory>
+
+namespace vellumar {
+
+// The time as core sees it. Core never reads a clock itself: the install time, the random
+// seed and (later) the AutoRandom countdown all come through here, so a test can set the time.
+class Clock {
+public:
+    virtual ~Clock() = default;
+
+    // The wall-clock time: what is stamped and shown.
+    virtual std::chrono::system_clock::time_point now() = 0;
+    // A monotonic tick for measuring intervals, untouched when the user sets the system clock.
+    virtual std::chrono::steady_clock::time_point tick() = 0;
+};
+
+// The system's clocks.
+std::unique_ptr<Clock> CreateSystemClock();
+
+} // namespace vellumar
