@@ -3,8 +3,8 @@
 #
 #   scripts/install-deps.sh [build] [windows] [fuzz] [screenshots]
 #
-#   build        compilers, CMake, Qt 6, GoogleTest and Google Benchmark (the default)
-#   windows      the MinGW-w64 cross compiler and Wine, for the Windows test suite
+#   build        compilers, CMake, Qt 6, GoogleTest, Google Benchmark and CLI11 (the default)
+#   windows      the MinGW-w64 cross compiler, Wine and CLI11, for the Windows test suite
 #   fuzz         clang and its sanitizer runtimes, for the libFuzzer targets
 #   screenshots  Xvfb and ImageMagick, for screenshots of the windows
 set -euo pipefail
@@ -12,8 +12,9 @@ set -euo pipefail
 declare -A groups=(
     [build]="cmake ninja-build g++ pkg-config ccache qt6-base-dev qt6-multimedia-dev
              gstreamer1.0-plugins-base gstreamer1.0-plugins-good libgtest-dev googletest
-             libbenchmark-dev"
-    [windows]="cmake ninja-build g++-mingw-w64-x86-64-posix wine64 wine googletest xvfb xauth"
+             libbenchmark-dev libcli11-dev"
+    [windows]="cmake ninja-build g++-mingw-w64-x86-64-posix wine64 wine googletest libcli11-dev
+               xvfb xauth"
     [fuzz]="clang libclang-rt-14-dev"
     [screenshots]="xvfb xauth imagemagick x11-apps"
 )

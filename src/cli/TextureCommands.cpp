@@ -1,26 +1,26 @@
 #include "cli/TextureCommands.h"
 
 #include "app/StartUpSequence.h"
-#include "cli/CliCommands.h"
+#include "cli/CommandSet.h"
 #include "common/PathText.h"
 #include "common/Services.h"
 #include "common/TextCompare.h"
 #include "textures/Backup.h"
 #include "textures/Install.h"
 #include "textures/LastInstalled.h"
+#include "textures/NamedFiles.h"
 #include "textures/Restore.h"
 #include "textures/SetCatalogue.h"
 
-#include <algorithm>
-#include <optional>
+#include <CLI/CLI.hpp>
+#include <memory>
 #include <ostream>
 
 namespace vellumar {
 
 namespace {
 
-using Arguments = std::vector<std::string>;
-
+// What install and restore are asked to do.
 struct Options {
     std::string set;
     TextList only;
@@ -28,31 +28,6 @@ struct Options {
     TextList optionOnly;
     bool yes = false;
 };
-
-// SET [--only FILE]... [--option OPTIONSET [--option-only FILE]...] [--yes]
-std::optional<Options> ParseOptions(const Arguments& args, bool allowOptionSet)
-{
-    if (args.size() < 2 || args[1].starts_with("--"))
-        return std::nullopt;
-    Options options;
-    options.set = args[1];
-    for (std::size_t i = 2; i < args.size(); ++i) {
-        const std::string& word = args[i];
-        const bool hasValue = i + 1 < args.size();
-        if (word == "--yes")
-            options.yes = true;
-        else if (word == "--only" && hasValue)
-            options.only.push_back(args[++i]);
-        else if (allowOptionSet && word == "--option" && hasValue && options.optionSet.empty())
-            options.optionSet = args[++i];
-        else if (allowOptionSet && word == "--option-only" && hasValue &&
-                 !options.optionSet.empty())
-            options.optionOnly.push_back(args[++i]);
-        else
-            return std::nullopt;
-    }
-    return options;
-}
 
 const TextureSetEntry* FindSet(const CloudIniSettings& settings, const std::string& name)
 {
@@ -65,33 +40,13 @@ const TextureSetEntry* FindSet(const CloudIniSettings& settings, const std::stri
     return nullptr;
 }
 
-// Every offered file ticked, or only the named ones (a name the set lacks is kept, so that the
-// install reports it as not found).
-TickList Ticks(const TextList& offered, const TextList& only)
-{
-    TickList ticks;
-    for (const std::string& file : offered) {
-        const bool named =
-            only.empty() || std::any_of(only.begin(), only.end(), [&](const std::string& wanted) {
-                return EqualsIgnoreCase(wanted, file);
-            });
-        ticks.emplace_back(file, named);
-    }
-    for (const std::string& wanted : only)
-        if (std::none_of(offered.begin(), offered.end(),
-                         [&](const std::string& file) { return EqualsIgnoreCase(wanted, file); }))
-            ticks.emplace_back(wanted, true);
-    return ticks;
-}
-
 class TextureCommand {
 public:
-    TextureCommand(Services& services, const SetAnswers& setAnswers, std::ostream& out,
-                   std::ostream& err)
-        : services_(services)
-        , setAnswers_(setAnswers)
-        , out_(out)
-        , err_(err)
+    explicit TextureCommand(CliContext& context)
+        : services_(context.services)
+        , setAnswers_(context.setAnswers)
+        , out_(context.out)
+        , err_(context.err)
     {}
 
     // The program's start-up without windows; false when it would have ended the program.
@@ -138,18 +93,24 @@ public:
         InstallRequest request;
         request.setName = found->name;
         request.cloudSetFolder = found->folder;
-        request.cloudFiles =
-            Ticks(ListSetFiles(ScanSetFolder(services_.files, services_.events, found->folder)),
-                  options.only);
+        NamedFiles clouds = TickNamedFiles(
+            ListSetFiles(ScanSetFolder(services_.files, services_.events, found->folder)),
+            options.only);
+        NamedFiles optionFiles;
         if (!options.optionSet.empty()) {
             request.optionSetFolder =
                 JoinPath(JoinPath(JoinPath(state_.paths.DataFolder, "Texture"), "Option"),
                          options.optionSet);
-            request.optionFiles =
-                Ticks(ListOptionFiles(ScanSetFolder(services_.files, services_.events,
-                                                    request.optionSetFolder)),
-                      options.optionOnly);
+            optionFiles =
+                TickNamedFiles(ListOptionFiles(ScanSetFolder(services_.files, services_.events,
+                                                             request.optionSetFolder)),
+                               options.optionOnly);
         }
+        const bool cloudsOffered = allOffered("set \"" + found->name + "\"", clouds);
+        if (!allOffered("option set \"" + options.optionSet + "\"", optionFiles) || !cloudsOffered)
+            return CliExit::Failed;
+        request.cloudFiles = std::move(clouds.ticks);
+        request.optionFiles = std::move(optionFiles.ticks);
         request.backupOriginals = state_.settings.BackupOriginals;
 
         LastInstalledRecord record(state_.settings.LastInstalled, state_.settings.NumberOfDisp);
@@ -168,13 +129,15 @@ public:
         const TextureSetEntry* found = set(options.set);
         if (!found)
             return CliExit::Failed;
-        const TickList files =
-            Ticks(ListSetFiles(ScanSetFolder(services_.files, services_.events, found->folder)),
-                  options.only);
+        const NamedFiles files = TickNamedFiles(
+            ListSetFiles(ScanSetFolder(services_.files, services_.events, found->folder)),
+            options.only);
+        if (!allOffered("set \"" + found->name + "\"", files))
+            return CliExit::Failed;
         setAnswers_(options.yes ? ConsoleMessageService::Answers::Yes
                                 : ConsoleMessageService::Answers::No);
         TextureServices textures = servicesForTextures();
-        return RestoreOriginals(textures, TextureFoldersOf(state_.paths), files, {})
+        return RestoreOriginals(textures, TextureFoldersOf(state_.paths), files.ticks, {})
                    ? CliExit::Success
                    : CliExit::Failed;
     }
@@ -188,6 +151,15 @@ public:
     }
 
 private:
+    // A name the set does not offer stops the command before it asks or copies anything: the
+    // user meant something else, and half of an install is not what was asked for either.
+    bool allOffered(const std::string& set, const NamedFiles& files)
+    {
+        for (const std::string& name : files.notOffered)
+            err_ << "vellumar-cli: the " << set << " does not offer \"" << name << "\"\n";
+        return files.notOffered.empty();
+    }
+
     TextureServices servicesForTextures()
     {
         return {services_.messages, services_.files, services_.events, services_.clock,
@@ -198,59 +170,83 @@ private:
     }
 
     Services& services_;
-    const SetAnswers& setAnswers_;
+    SetAnswers setAnswers_;
     std::ostream& out_;
     std::ostream& err_;
     ProgramState state_;
 };
 
-} // namespace
-
-std::string TextureCommandsUsage()
+// Runs `action` on a texture command after the program's start-up checks.
+template <typename Action>
+std::function<int()> AfterStartUp(CliContext& context, Action action)
 {
-    return "  sets                            list the texture sets: name, data type, category,\n"
-           "                                  folder (tab-separated)\n"
-           "  files SET                       list the files of SET that an install offers\n"
-           "  install SET [--only FILE]... [--option OPTIONSET [--option-only FILE]...] [--yes]\n"
-           "                                  install SET (every file, or only those named)\n"
-           "  restore SET [--only FILE]... [--yes]\n"
-           "                                  put the simulator's originals of SET's files back\n"
-           "  last                            show the sets installed last\n";
+    return [&context, action] {
+        TextureCommand command(context);
+        return command.startUp() ? action(command) : CliExit::Failed;
+    };
 }
 
-int RunTextureCommand(const Arguments& args, Services& services, const SetAnswers& setAnswers,
-                      std::ostream& out, std::ostream& err)
-{
-    if (args.empty())
-        return -1;
-    const std::string& command = args[0];
-    std::optional<Options> options;
-    if (command == "sets" || command == "last") {
-        if (args.size() != 1)
-            return CliExit::UsageError;
-    } else if (command == "files") {
-        if (args.size() != 2)
-            return CliExit::UsageError;
-    } else if (command == "install" || command == "restore") {
-        options = ParseOptions(args, command == "install");
-        if (!options)
-            return CliExit::UsageError;
-    } else {
-        return -1;
-    }
+} // namespace
 
-    TextureCommand run(services, setAnswers, out, err);
-    if (!run.startUp())
-        return CliExit::Failed;
-    if (command == "sets")
-        return run.sets();
-    if (command == "last")
-        return run.last();
-    if (command == "files")
-        return run.files(args[1]);
-    if (command == "install")
-        return run.install(*options);
-    return run.restore(*options);
+void AddTextureCommands(CommandSet& commands)
+{
+    CliContext& context = commands.context();
+    CLI::App& root = commands.root();
+    commands.heading("Texture library");
+
+    commands.add(root, "sets", "list the texture sets: name, data type, category, folder (tabs)",
+                 AfterStartUp(context, [](TextureCommand& command) { return command.sets(); }));
+
+    auto files = std::make_shared<std::string>();
+    commands
+        .add(root, "files", "list the files of SET that an install offers",
+             AfterStartUp(context,
+                          [files](TextureCommand& command) { return command.files(*files); }))
+        .add_option("SET", *files, "the set's name, as sets lists it")
+        ->type_name("")
+        ->required();
+
+    // One file per --only, so that SET may stand anywhere on the line.
+    auto addSetChoice = [](CLI::App& command, Options& options) {
+        command.add_option("SET", options.set, "the set's name, as sets lists it")
+            ->type_name("")
+            ->required();
+        command.add_option("--only", options.only, "only this file of SET (repeatable)")
+            ->type_name("FILE")
+            ->allow_extra_args(false);
+        command.add_flag("--yes", options.yes, "answer Yes (or OK) to the questions");
+        command.footer("Without --yes every question is answered No (or Cancel): nothing changes.\n"
+                       "Only files the set offers can be named (vellumar-cli files SET lists "
+                       "them),\nby their bare names; any other name stops the command.");
+    };
+
+    auto install = std::make_shared<Options>();
+    CLI::App& installCommand =
+        commands.add(root, "install", "install SET into the simulator (every file, or those named)",
+                     AfterStartUp(context, [install](TextureCommand& command) {
+                         return command.install(*install);
+                     }));
+    addSetChoice(installCommand, *install);
+    CLI::Option* optionSet =
+        installCommand.add_option("--option", install->optionSet, "an option set to add")
+            ->type_name("OPTIONSET");
+    installCommand
+        .add_option("--option-only", install->optionOnly,
+                    "only this bitmap of OPTIONSET (repeatable)")
+        ->type_name("FILE")
+        ->allow_extra_args(false)
+        ->needs(optionSet);
+
+    auto restore = std::make_shared<Options>();
+    CLI::App& restoreCommand =
+        commands.add(root, "restore", "put the simulator's originals of SET's files back",
+                     AfterStartUp(context, [restore](TextureCommand& command) {
+                         return command.restore(*restore);
+                     }));
+    addSetChoice(restoreCommand, *restore);
+
+    commands.add(root, "last", "show the sets installed last",
+                 AfterStartUp(context, [](TextureCommand& command) { return command.last(); }));
 }
 
 } // namespace vellumar

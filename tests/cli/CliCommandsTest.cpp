@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <sstream>
 
 namespace vellumar {
@@ -82,8 +83,6 @@ TEST_F(CliTest, RegGetPrintsTheValueOrFails)
     EXPECT_EQ(out.str(), "C:\\FS9\n");
     EXPECT_EQ(run({"reg", "get", "HKEY_USERS", ".DEFAULT", "x", "y"}), CliExit::Failed);
     EXPECT_EQ(out.str(), "");
-    EXPECT_EQ(run({"reg", "get", "HKEY_NOWHERE", "a", "b", "c"}), CliExit::UsageError);
-    EXPECT_NE(err.str().find("Usage:"), std::string::npos);
 }
 
 TEST_F(CliTest, WhereListsTheFolders)
@@ -102,15 +101,43 @@ TEST_F(CliTest, WhereListsTheFolders)
     EXPECT_EQ(messages.last().title, "Path Error");
 }
 
-TEST_F(CliTest, UsageErrors)
+// A mistake on the command line is named on one line of standard error, and nothing runs.
+TEST_F(CliTest, AMistakeIsNamedInOneLine)
 {
-    EXPECT_EQ(run({}), CliExit::UsageError);
-    EXPECT_EQ(run({"ini", "get", "file", "section"}), CliExit::UsageError);
-    EXPECT_EQ(run({"frobnicate"}), CliExit::UsageError);
-    EXPECT_NE(err.str().find("Usage: vellumar-cli"), std::string::npos);
-    EXPECT_EQ(run({"--help"}), CliExit::Success);
-    EXPECT_NE(out.str().find("ini get FILE SECTION KEY"), std::string::npos);
+    const std::string ini = temp.write("cloud.ini", "[A]\r\nk=1\r\n");
+    const std::vector<std::pair<std::vector<std::string>, std::string>> mistakes = {
+        {{}, "vellumar-cli: no command given"},
+        {{"frobnicate"}, "vellumar-cli: unknown command \"frobnicate\""},
+        {{"ini", "get", ini, "A"}, "vellumar-cli ini get: KEY is required"},
+        {{"ini", "set", ini, "A", "k", "2", "--frob"}, "unknown option \"--frob\""},
+        {{"install", "Set", "--option-only", "x.bmp"}, "--option-only requires --option"},
+        {{"reg", "get", "HKEY_NOWHERE", "a", "b", "c"}, "unknown hive HKEY_NOWHERE"},
+        {{"where", "extra"}, "unexpected argument \"extra\""},
+    };
+    for (const auto& [arguments, named] : mistakes) {
+        EXPECT_EQ(run(arguments), CliExit::UsageError);
+        const std::string said = err.str();
+        EXPECT_NE(said.find(named), std::string::npos) << said;
+        EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 1) << said;
+        EXPECT_EQ(out.str(), "");
+    }
+    EXPECT_EQ(temp.read("cloud.ini"), "[A]\r\nk=1\r\n");
 }
 
+TEST_F(CliTest, EachCommandHasItsHelpOnStandardOutput)
+{
+    for (const std::vector<std::string>& asked : {std::vector<std::string>{"--help"},
+                                                  {"help"},
+                                                  {"ini", "get", "--help"},
+                                                  {"help", "install"}}) {
+        EXPECT_EQ(run(asked), CliExit::Success);
+        EXPECT_EQ(err.str(), "");
+    }
+    EXPECT_NE(out.str().find("Usage: vellumar-cli install [OPTIONS] SET"), std::string::npos);
+    EXPECT_NE(out.str().find("--only FILE"), std::string::npos);
+    run({"ini", "get", "--help"});
+    EXPECT_NE(out.str().find("Usage: vellumar-cli ini get [OPTIONS] FILE SECTION KEY"),
+              std::string::npos);
+}
 } // namespace
 } // namespace vellumar
