@@ -64,6 +64,9 @@ int RunCliCommand(const std::vector<std::string>& arguments, Services& services,
                   "vellumar-cli");
     root.set_version_flag("--version", "vellumar-cli " VELLUMAR_VERSION);
     root.require_subcommand(0, 1);
+    // The same options on every system; on Windows "/name" would otherwise be an option too,
+    // and a path that starts with "/" could not be given.
+    root.allow_windows_style_options(false);
     root.get_formatter()->column_width(34);
     root.get_formatter()->label("SUBCOMMAND", "COMMAND");
     root.get_formatter()->label("SUBCOMMANDS", "COMMANDS");
