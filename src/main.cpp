@@ -10,6 +10,7 @@
 #include "common/MessageService_qt.h"
 #include "common/ProcessLauncher.h"
 #include "common/Services.h"
+#include "common/Unattended.h"
 #include "common/widgets/Skin.h"
 #include "config/Registry.h"
 #include "config/SystemFolders.h"
@@ -63,9 +64,10 @@ int main(int argc, char** argv)
     window.Form_Load();
     window.show();
 
-    // Benchmarks and smoke tests stop here, once the window stands ready. exit() rather than
-    // quit(): quitting closes the window, and closing is the shutdown, which is not measured.
-    if (qEnvironmentVariableIntValue("VELLUMAR_EXIT_WHEN_READY") == 1)
+    // Benchmarks and smoke tests stop here, once the window stands ready (a message on the way
+    // there ends the run with its own status instead). exit() rather than quit(): quitting
+    // closes the window, and closing is the shutdown, which is not measured.
+    if (ExitsWhenReady())
         QTimer::singleShot(0, &application, [] { QCoreApplication::exit(EXIT_SUCCESS); });
     return application.exec();
 }

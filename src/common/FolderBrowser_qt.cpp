@@ -1,5 +1,7 @@
 #include "common/FolderBrowser_qt.h"
 
+#include "common/Unattended.h"
+
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -19,6 +21,8 @@ std::string QtFolderBrowser::BrowseForFolder(const std::string& prompt, int /*ro
     title.replace(QStringLiteral("\r\n"), QStringLiteral(" "));
     title.replace(QLatin1Char('\n'), QLatin1Char(' '));
     title = title.simplified();
+    if (ExitsWhenReady())
+        EndUnattended(title.toStdString(), "(a folder dialog)");
 
     // The toolkit's dialog cannot take a special folder as the root of its tree, so every root
     // kind starts where the system's dialog starts without one: on the desktop, unless the

@@ -1,5 +1,6 @@
 #include "common/MessageService_qt.h"
 
+#include "common/Unattended.h"
 #include "common/frmMsg.h"
 
 #include <QEventLoop>
@@ -64,6 +65,8 @@ QtMessageService::QtMessageService(QWidget* owner)
 
 int QtMessageService::ShowMessage(const std::string& text, int style, const std::string& title)
 {
+    if (ExitsWhenReady())
+        EndUnattended(title, text);
     // The main window stays disabled while the message waits, so no second message can start
     // from it; timers and other windows keep running.
     const QPointer<QWidget> mainWindow = mainWindow_;
@@ -103,6 +106,8 @@ int QtMessageService::ShowMessage(const std::string& text, int style, const std:
 int QtMessageService::ShowSystemMessage(const std::string& text, int style,
                                         const std::string& title)
 {
+    if (ExitsWhenReady())
+        EndUnattended(title, text);
     QMessageBox box(SystemIconOf(style), QString::fromStdString(title),
                     QString::fromStdString(text), QMessageBox::NoButton, owner_);
     const std::vector<ButtonChoice> buttons = ButtonsOf(style);

@@ -4,6 +4,7 @@
 #include "common/FileHelpers.h"
 #include "common/PathText.h"
 #include "common/ResultText.h"
+#include "common/Unattended.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -26,6 +27,8 @@ std::string cDialog::startPath() const
 
 std::string cDialog::ShowOpen()
 {
+    if (ExitsWhenReady())
+        EndUnattended(Title, "(a file dialog)");
     const QString title = QString::fromStdString(Title);
     const QString start = QString::fromStdString(startPath());
     const QString filter = QString::fromStdString(ToolkitFileFilter(Filter));
@@ -40,6 +43,8 @@ std::string cDialog::ShowOpen()
 
 std::string cDialog::ShowSave()
 {
+    if (ExitsWhenReady())
+        EndUnattended(Title, "(a file dialog)");
     return QDir::toNativeSeparators(
                QFileDialog::getSaveFileName(owner_, QString::fromStdString(Title),
                                             QString::fromStdString(startPath()),

@@ -12,6 +12,7 @@
 #include "common/Services.h"
 #include "common/widgets/ArrowComboBox.h"
 #include "common/widgets/ClickableLabel.h"
+#include "common/widgets/HiddenPickPanel.h"
 #include "common/widgets/PictureButton.h"
 #include "common/widgets/PictureView.h"
 #include "common/widgets/Skin.h"
@@ -21,6 +22,7 @@
 #include "textures/Install.h"
 #include "textures/Restore.h"
 #include "textures/SetCatalogue.h"
+#include "ui/SetListModel_qt.h"
 
 #include <QAction>
 #include <QApplication>
@@ -30,6 +32,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QListView>
 #include <QListWidget>
 #include <QMenu>
 #include <QMouseEvent>
@@ -41,6 +44,8 @@
 #include <QTimer>
 #include <QVBoxLayout>
 #include <QWindow>
+
+#include <map>
 
 namespace vellumar {
 
@@ -85,6 +90,28 @@ QListWidget* NewList(const char* name)
     list->setSelectionMode(QAbstractItemView::SingleSelection);
     list->setUniformItemSizes(true);
     return list;
+}
+
+QListView* NewSetList(const char* name, SetListModel* sets)
+{
+    auto* list = Named(new QListView, name);
+    list->setSelectionMode(QAbstractItemView::SingleSelection);
+    list->setUniformItemSizes(true);
+    list->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    list->setModel(sets);
+    return list;
+}
+
+int RowCount(const QListView* list)
+{
+    return list->model()->rowCount();
+}
+
+// Selects a row of a set list without running its click handler.
+void SelectRowQuietly(QListView* list, int row)
+{
+    const QSignalBlocker quiet(list->selectionModel());
+    list->setCurrentIndex(list->model()->index(row, 0));
 }
 
 TickList ReadTicks(const QListWidget* list)
@@ -244,8 +271,10 @@ void Form1::CreateControls()
     auto* area = new QVBoxLayout(listArea_);
     area->setContentsMargins(0, 0, 0, 0);
     area->setSpacing(6);
-    lstSky_ = NewList("lstSky");
-    lstSkyFil_ = NewList("lstSkyFil");
+    listAreaLayout_ = area;
+    allSets_ = new SetListModel(this);
+    filteredSets_ = new SetListModel(this);
+    lstSky_ = NewSetList("lstSky", allSets_);
     lstFLT_ = NewList("lstFLT");
     // The file lists of the set and of the option set, each under its combo.
     filePanel_ = new QWidget;
@@ -254,6 +283,7 @@ void Form1::CreateControls()
     files->setHorizontalSpacing(10);
     files->setVerticalSpacing(6);
     cmbClouds_ = Named(new ArrowComboBox, "cmbClouds");
+    cmbClouds_->setModel(allSets_);
     cmbOption_ = Named(new ArrowComboBox, "cmbOption");
     lstClouds_ = NewList("lstClouds");
     lstOption_ = NewList("lstOption");
@@ -271,9 +301,7 @@ void Form1::CreateControls()
     files->addWidget(lstOption_, 1, 1);
     area->addWidget(filePanel_, 1);
     area->addWidget(lstSky_, 1);
-    area->addWidget(lstSkyFil_, 1);
     area->addWidget(lstFLT_, 1);
-    lstSkyFil_->hide();
     lstFLT_->hide();
     auto* trailRow = new QHBoxLayout;
     trailRow->setSpacing(6);
@@ -439,8 +467,8 @@ void Form1::Connect()
         connect(optFs_[static_cast<std::size_t>(index)], &QRadioButton::clicked, this,
                 [this, index] { optFs_Click(index); });
 
-    connect(lstSky_, &QListWidget::currentRowChanged, this, &Form1::LstSky_Click);
-    connect(lstSkyFil_, &QListWidget::currentRowChanged, this, &Form1::lstSkyFil_Click);
+    connect(lstSky_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this](const QModelIndex& current) { LstSky_Click(current.row()); });
     connect(cmbClouds_, &QComboBox::activated, this, &Form1::cmbClouds_Click);
     connect(cmbOption_, &QComboBox::activated, this, &Form1::cmbOption_Click);
     connect(lstClouds_, &QListWidget::itemChanged, this, &Form1::lstClouds_Click);
@@ -495,12 +523,7 @@ void Form1::Form_Load()
     cmdCont();
     if (!state_.settings.SituationEnabled)
         optFLT_->setEnabled(false);
-    if (windowState_.HideSetName) {
-        ShowStatus(std::string(kPressInstallText));
-        lblMsg_->show();
-    } else if (optSky_->isChecked()) {
-        ShowStatus(cmbClouds_->currentText().toStdString());
-    }
+    ShowStatusWithAutoRandomOff();
     windowState_.AutoRandomInterval = 0;
 
     if (state_.settings.StartSel == "situation" && optFLT_->isEnabled()) {
@@ -525,29 +548,21 @@ void Form1::ShowConfiguration()
         optFs_[static_cast<std::size_t>(state_.paths.FsIndex & 1)]->setChecked(true);
     }
 
-    for (QWidget* control : findChildren<QWidget*>())
-        control->setToolTip({});
-    for (const auto& [name, tip] : settings.ToolTips)
-        if (auto* control = findChild<QWidget*>(QString::fromStdString(name)))
-            control->setToolTip(QString::fromStdString(tip));
+    ShowToolTips();
 
     {
-        const QSignalBlocker quietList(lstSky_);
+        const QSignalBlocker quietList(lstSky_->selectionModel());
         const QSignalBlocker quietCombo(cmbClouds_);
-        lstSky_->clear();
-        cmbClouds_->clear();
-        for (const TextureSetEntry& set : settings.Sets) {
-            lstSky_->addItem(QString::fromStdString(set.name));
-            cmbClouds_->addItem(QString::fromStdString(set.name));
-        }
+        allSets_->showSets(&settings.Sets);
     }
 
     windowState_.ShowSkyFiles = settings.ShowSkyFiles;
     windowState_.BackupOriginals = settings.BackupOriginals;
     const SkyListLayout layout = LayoutForShowSkyFiles(windowState_);
     Apply(layout.changes);
-    filtered_ = false;
-    ShowFilterColours(SetFilter::All);
+    ClearFilter(windowState_);
+    ShowFilteredSets();
+    ShowFilterColours(windowState_.ChosenFilter);
     lstFLT_->setMinimumHeight(layout.situationListTwips / kTwipsPerPixel);
     listArea_->setMinimumSize(windowState_.ShowSkyFiles ? 2 * kFileListWidth + 10 : kSetListWidth,
                               kSetAreaHeight);
@@ -573,7 +588,7 @@ void Form1::FitWindowToContents()
 
 void Form1::LstSky_Click(int row)
 {
-    if (row < 0 || row >= lstSky_->count())
+    if (row < 0 || row >= RowCount(lstSky_))
         return;
     if (row != cmbClouds_->currentIndex())
         cmbClouds_Click(row);
@@ -582,14 +597,10 @@ void Form1::LstSky_Click(int row)
 
 void Form1::lstSkyFil_Click(int row)
 {
-    if (lstSkyFil_->count() == 0 || row < 0 ||
-        static_cast<std::size_t>(row) >= filteredSets_.size())
+    const int set = FilteredSetAt(windowState_, row);
+    if (set < 0)
         return;
-    const int set = filteredSets_[static_cast<std::size_t>(row)];
-    {
-        const QSignalBlocker quiet(lstSky_);
-        lstSky_->setCurrentRow(set);
-    }
+    SelectRowQuietly(lstSky_, set);
     LstSky_Click(set);
 }
 
@@ -600,10 +611,9 @@ void Form1::cmbClouds_Click(int index)
     const TextureSetEntry& set = Sets()[static_cast<std::size_t>(index)];
     {
         const QSignalBlocker quietCombo(cmbClouds_);
-        const QSignalBlocker quietList(lstSky_);
         cmbClouds_->setCurrentIndex(index);
-        lstSky_->setCurrentRow(index);
     }
+    SelectRowQuietly(lstSky_, index);
     const SetFolderFiles files = ScanSetFolder(services_.files, services_.events, set.folder);
     FillTicks(lstClouds_, ListSetFiles(files), true);
     {
@@ -716,34 +726,53 @@ void Form1::lblFilter_Click(int index)
     const FilterChoice choice = ChooseFilter(index, windowState_, Sets());
     if (!choice.applies)
         return;
-    ShowFilterColours(choice.chosen);
-    if (choice.filtered.empty()) {
-        if (lstSky_->count() > 0) {
-            {
-                const QSignalBlocker quiet(lstSky_);
-                lstSky_->setCurrentRow(0);
-            }
-            LstSky_Click(0);
-        }
-        filtered_ = false;
-    } else {
-        if (choice.switchAutoRandomOff)
-            AutoRandomOff();
-        filteredSets_ = choice.indices;
-        {
-            const QSignalBlocker quiet(lstSkyFil_);
-            lstSkyFil_->clear();
-            for (const std::string& name : choice.filtered)
-                lstSkyFil_->addItem(QString::fromStdString(name));
-            lstSkyFil_->setCurrentRow(0);
-        }
+    if (choice.switchAutoRandomOff)
+        AutoRandomOff();
+    TakeFilter(windowState_, choice);
+    ShowFilterColours(windowState_.ChosenFilter);
+    ShowFilteredSets();
+    if (windowState_.Filtered()) {
+        SelectRowQuietly(lstSkyFil_, 0);
         lstSkyFil_Click(0);
-        filtered_ = true;
+    } else if (RowCount(lstSky_) > 0) {
+        SelectRowQuietly(lstSky_, 0);
+        LstSky_Click(0);
     }
-    if (!windowState_.ShowSkyFiles && !windowState_.SituationMode) {
-        lstSky_->setVisible(!filtered_);
-        lstSkyFil_->setVisible(filtered_);
+    Apply(SetListControls(windowState_));
+}
+
+void Form1::ShowFilteredSets()
+{
+    if (!lstSkyFil_ && !windowState_.Filtered())
+        return;
+    QListView* filtered = FilteredList();
+    const QSignalBlocker quiet(filtered->selectionModel());
+    filteredSets_->showSets(&Sets(), &windowState_.FilteredSets);
+}
+
+QListView* Form1::FilteredList()
+{
+    if (!lstSkyFil_) {
+        // Most sessions never choose a filter: the list is built the first time one is.
+        lstSkyFil_ = NewSetList("lstSkyFil", filteredSets_);
+        lstSkyFil_->hide();
+        listAreaLayout_->insertWidget(listAreaLayout_->indexOf(lstSky_) + 1, lstSkyFil_, 1);
+        connect(lstSkyFil_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+                [this](const QModelIndex& current) { lstSkyFil_Click(current.row()); });
+        lstSkyFil_->setEnabled(lstSky_->isEnabled());
+        ShowToolTips();
     }
+    return lstSkyFil_;
+}
+
+HiddenPickPanel* Form1::HiddenPick()
+{
+    if (!picHiddenPick_) {
+        picHiddenPick_ = Named(new HiddenPickPanel, "picHiddenPick");
+        picHiddenPick_->hide();
+        listAreaLayout_->insertWidget(listAreaLayout_->indexOf(lstSky_), picHiddenPick_, 1);
+    }
+    return picHiddenPick_;
 }
 
 void Form1::ShowFilterColours(int chosen)
@@ -756,7 +785,7 @@ void Form1::ShowFilterColours(int chosen)
 void Form1::optSky_Click()
 {
     windowState_.SituationMode = false;
-    Apply(SkyModeControls(windowState_, filtered_));
+    Apply(SkyModeControls(windowState_));
     ShowTrailSwitch();
     cmbClouds_Click(cmbClouds_->currentIndex());
 }
@@ -792,7 +821,9 @@ void Form1::cmdRandom_Click()
     windowState_.HideSetName = true;
     optSky_->setChecked(true);
     optSky_Click();
-    Apply(HiddenPickControls());
+    if (!Sets().empty())
+        HiddenPick(); // the panel that takes the lists' place
+    Apply(HiddenPickControls(!Sets().empty()));
     if (Sets().empty())
         return;
     ShowStatus({});
@@ -847,11 +878,31 @@ void Form1::AutoRandomOff()
     Timer1_->stop();
     lblTime_->setText(Text(IntervalText(0)));
     ButtonCtrl(true);
-    if (windowState_.HideSetName) {
-        ShowStatus(std::string(kPressInstallText));
-        lblMsg_->show();
-    } else if (optSky_->isChecked()) {
-        ShowStatus(cmbClouds_->currentText().toStdString());
+    ShowStatusWithAutoRandomOff();
+}
+
+void Form1::ShowStatusWithAutoRandomOff()
+{
+    if (const auto text =
+            StatusWithAutoRandomOff(windowState_, cmbClouds_->currentText().toStdString()))
+        ShowStatus(*text);
+}
+
+void Form1::ShowToolTips()
+{
+    // The user's tips from [ToolTipsText], and why a control cannot act where it cannot.
+    std::map<std::string, std::string> configured;
+    for (const auto& [name, tip] : state_.settings.ToolTips)
+        configured[name] = tip;
+    for (QWidget* control : findChildren<QWidget*>()) {
+        const std::string name = control->objectName().toStdString();
+        if (name.empty())
+            continue;
+        const auto found = configured.find(name);
+        const std::string reason =
+            UnavailableReason(name, state_.paths.FsPaths[0], state_.paths.FsPaths[1]);
+        control->setToolTip(QString::fromStdString(
+            ControlTip(found == configured.end() ? std::string() : found->second, reason)));
     }
 }
 
@@ -870,6 +921,8 @@ void Form1::cmdCont()
 void Form1::ShowStatus(const std::string& text)
 {
     lblMsg_->setText(QString::fromStdString(text));
+    if (picHiddenPick_)
+        picHiddenPick_->setText(lblMsg_->text());
 }
 
 void Form1::Apply(const WindowChanges& changes)

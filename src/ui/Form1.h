@@ -18,19 +18,23 @@ class QCheckBox;
 class QComboBox;
 class QGridLayout;
 class QLabel;
+class QListView;
 class QListWidget;
 class QListWidgetItem;
 class QMenu;
 class QProgressBar;
 class QRadioButton;
 class QTimer;
+class QVBoxLayout;
 
 namespace vellumar {
 
 class ClickableLabel;
+class HiddenPickPanel;
 class PictureButton;
 class PictureView;
 class ReadoutLabel;
+class SetListModel;
 struct ProgramState;
 struct ScreenFacts;
 struct Services;
@@ -112,6 +116,14 @@ private:
     void ShowTrailSwitch();
     void ShowFilterColours(int chosen);
     void ShowStatus(const std::string& text);
+    // Where AutoRandom goes off (at load, and when it is switched off), as the status rule says.
+    void ShowStatusWithAutoRandomOff();
+    void ShowToolTips();
+    // The controls built only once they are first needed.
+    QListView* FilteredList();
+    // lstSkyFil follows the filter state (once it exists).
+    void ShowFilteredSets();
+    HiddenPickPanel* HiddenPick();
     // The set of cmbClouds in the status line, unless a hidden pick keeps its name back.
     void ShowChosenSet();
     void ShowCopyProgress(std::uint64_t done, std::uint64_t total);
@@ -129,9 +141,6 @@ private:
     MainWindowState windowState_;
     RandomSetPicker picker_;
     LastInstalledRecord record_;
-    // lstSkyFil's entries as catalogue indices, and whether it stands in for lstSky.
-    std::vector<int> filteredSets_;
-    bool filtered_ = false;
     // The drag origin: where the mouse went down, relative to the window.
     QPoint dragOffset_;
     bool dragging_ = false;
@@ -140,8 +149,12 @@ private:
     QRadioButton* optSky_ = nullptr;
     QRadioButton* optFLT_ = nullptr;
     std::array<QRadioButton*, 2> optFs_{};
-    QListWidget* lstSky_ = nullptr;
-    QListWidget* lstSkyFil_ = nullptr;
+    // lstSky and cmbClouds show allSets_; lstSkyFil, built on the first filter, filteredSets_.
+    SetListModel* allSets_ = nullptr;
+    SetListModel* filteredSets_ = nullptr;
+    QListView* lstSky_ = nullptr;
+    QListView* lstSkyFil_ = nullptr;
+    HiddenPickPanel* picHiddenPick_ = nullptr;
     QComboBox* cmbClouds_ = nullptr;
     QListWidget* lstClouds_ = nullptr;
     QComboBox* cmbOption_ = nullptr;
@@ -166,6 +179,7 @@ private:
     PictureButton* cmdClose_ = nullptr;
     PictureButton* cmdMin_ = nullptr;
     QWidget* listArea_ = nullptr;
+    QVBoxLayout* listAreaLayout_ = nullptr;
     QWidget* filePanel_ = nullptr;
     QSystemTrayIcon* PIC_ = nullptr;
     QTimer* Timer1_ = nullptr;

@@ -27,6 +27,7 @@ constexpr std::array<std::string_view, SetFilter::Count> kFilterCaptions = {
 constexpr std::array<std::string_view, 4> kFileLists = {"cmbClouds", "cmbOption", "lstClouds",
                                                         "lstOption"};
 constexpr std::array<std::string_view, 2> kTrailSwitch = {"chkTrailOption", "lblTrailOption"};
+constexpr std::string_view kHiddenPickPanel = "picHiddenPick";
 
 void Switch(std::vector<ControlSwitch>& list, std::string_view name, bool on)
 {
@@ -81,6 +82,37 @@ FilterChoice ChooseFilter(int index, const MainWindowState& state,
     choice.chosen = index;
     choice.switchAutoRandomOff = state.AutoRandomInterval != 0;
     return choice;
+}
+
+void TakeFilter(MainWindowState& state, const FilterChoice& choice)
+{
+    if (!choice.applies)
+        return;
+    state.ChosenFilter = choice.chosen;
+    state.FilteredSets = choice.indices;
+}
+
+void ClearFilter(MainWindowState& state)
+{
+    state.ChosenFilter = SetFilter::All;
+    state.FilteredSets.clear();
+}
+
+int FilteredSetAt(const MainWindowState& state, int row)
+{
+    if (row < 0 || static_cast<std::size_t>(row) >= state.FilteredSets.size())
+        return -1;
+    return state.FilteredSets[static_cast<std::size_t>(row)];
+}
+
+WindowChanges SetListControls(const MainWindowState& state)
+{
+    WindowChanges changes;
+    if (state.ShowSkyFiles || state.SituationMode)
+        return changes;
+    Switch(changes.visible, "lstSky", !state.Filtered());
+    Switch(changes.visible, "lstSkyFil", state.Filtered());
+    return changes;
 }
 
 void MirrorTicks(const TickList& clicked, TickList& other)
@@ -138,16 +170,18 @@ SkyListLayout LayoutForShowSkyFiles(const MainWindowState& state)
     Switch(changes.visible, "lstSky", !state.ShowSkyFiles);
     Switch(changes.visible, "lstSkyFil", false);
     SwitchFilters(changes.visible, !state.ShowSkyFiles);
+    Switch(changes.visible, kHiddenPickPanel, false);
     layout.situationListTwips = state.ShowSkyFiles ? 2085 : 960;
     return layout;
 }
 
-WindowChanges SkyModeControls(const MainWindowState& state, bool filtered)
+WindowChanges SkyModeControls(const MainWindowState& state)
 {
     WindowChanges changes;
     SwitchAll(changes.visible, kFileLists, state.ShowSkyFiles);
-    Switch(changes.visible, "lstSky", !state.ShowSkyFiles && !filtered);
-    Switch(changes.visible, "lstSkyFil", !state.ShowSkyFiles && filtered);
+    Switch(changes.visible, "lstSky", !state.ShowSkyFiles && !state.Filtered());
+    Switch(changes.visible, "lstSkyFil", !state.ShowSkyFiles && state.Filtered());
+    Switch(changes.visible, kHiddenPickPanel, false);
     SwitchFilters(changes.visible, !state.ShowSkyFiles);
     Switch(changes.visible, "lstFLT", false);
     Switch(changes.visible, "ImgSky", true);
@@ -165,6 +199,7 @@ WindowChanges SituationModeControls()
     SwitchAll(changes.visible, kFileLists, false);
     Switch(changes.visible, "lstSky", false);
     Switch(changes.visible, "lstSkyFil", false);
+    Switch(changes.visible, kHiddenPickPanel, false);
     Switch(changes.visible, "lstFLT", true);
     Switch(changes.visible, "lblFunc", true);
     for (std::string_view name : {"cmdBackUp", "cmdToOrg", "cmdInst"})
@@ -172,16 +207,19 @@ WindowChanges SituationModeControls()
     return changes;
 }
 
-WindowChanges HiddenPickControls()
+WindowChanges HiddenPickControls(bool anySet)
 {
     WindowChanges changes;
+    Switch(changes.enabled, "cmdToOrg", false);
+    Switch(changes.enabled, "cmdBackUp", false);
+    if (!anySet)
+        return changes;
     for (std::string_view name : {"ImgSky", "lstSky", "lstSkyFil", "lstFLT"})
         Switch(changes.visible, name, false);
     SwitchFilters(changes.visible, false);
     SwitchAll(changes.visible, kTrailSwitch, false);
     SwitchAll(changes.visible, kFileLists, false);
-    Switch(changes.enabled, "cmdToOrg", false);
-    Switch(changes.enabled, "cmdBackUp", false);
+    Switch(changes.visible, kHiddenPickPanel, true);
     return changes;
 }
 
@@ -198,6 +236,16 @@ TrailSwitch TrailSwitchFor(const MainWindowState& state, const std::string& opti
 std::string SetStatusText(const MainWindowState& state, const std::string& setName)
 {
     return state.HideSetName ? std::string(kPressInstallText) : setName;
+}
+
+std::optional<std::string> StatusWithAutoRandomOff(const MainWindowState& state,
+                                                   const std::string& currentSet)
+{
+    if (state.HideSetName)
+        return std::string(kPressInstallText);
+    if (!state.SituationMode)
+        return currentSet;
+    return std::nullopt;
 }
 
 bool ShowsFileName(const MainWindowState& state)
@@ -261,6 +309,29 @@ CopyBar CopyBarFor(std::uint64_t done, std::uint64_t total)
     if (total < kCopyBarBytes || done >= total)
         return {};
     return {true, static_cast<int>(done * 1000 / total)};
+}
+
+std::string UnavailableReason(std::string_view controlName, const std::string& fsPath0,
+                              const std::string& fsPath1)
+{
+    if (controlName == "optFs0" && fsPath0.empty())
+        return "No installation of this simulator was found on this system.";
+    if (controlName == "optFs1" && fsPath1.empty())
+        return "No second simulator installation was found on this system.";
+    if (controlName == "cmdInstAndStart")
+        return "Starting the simulator from here is not part of this version yet.";
+    if (controlName == "optFLT")
+        return "Situations are not part of this version yet.";
+    if (controlName == "lblAutoRandom" || controlName == "lblTime")
+        return "Auto Install is not part of this version yet.";
+    return {};
+}
+
+std::string ControlTip(const std::string& configured, const std::string& reason)
+{
+    if (configured.empty() || reason.empty())
+        return configured + reason;
+    return configured + "\n" + reason;
 }
 
 bool AwaitsLaterWork(std::string_view controlName)

@@ -5,6 +5,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,6 +18,17 @@ struct TextureSetEntry;
 
 // The main window's rules that need no widget. The window reads its controls, asks these
 // functions, and shows the answer; controls are named by their object names.
+
+// The filter labels lblFilter(0..5). Index 4 is the heading of the row, not a filter.
+namespace SetFilter {
+inline constexpr int All = 0;
+inline constexpr int Cumulus = 1;
+inline constexpr int Cirrus = 2;
+inline constexpr int SkyColor = 3;
+inline constexpr int Heading = 4;
+inline constexpr int Misc = 5;
+inline constexpr int Count = 6;
+} // namespace SetFilter
 
 // What the main window is showing and doing, as far as its rules depend on it.
 struct MainWindowState {
@@ -32,6 +44,11 @@ struct MainWindowState {
     std::chrono::system_clock::time_point LastInstallTime{};
     // Entries of lstFLT.
     int SituationCount = 0;
+    // The filter label shown as chosen, and the sets (catalogue indices) that lstSkyFil lists
+    // while it stands in for lstSky; none while "All " is chosen.
+    int ChosenFilter = SetFilter::All;
+    std::vector<int> FilteredSets;
+    bool Filtered() const { return !FilteredSets.empty(); }
 };
 
 struct ControlSwitch {
@@ -44,17 +61,6 @@ struct WindowChanges {
     std::vector<ControlSwitch> visible;
     std::vector<ControlSwitch> enabled;
 };
-
-// The filter labels lblFilter(0..5). Index 4 is the heading of the row, not a filter.
-namespace SetFilter {
-inline constexpr int All = 0;
-inline constexpr int Cumulus = 1;
-inline constexpr int Cirrus = 2;
-inline constexpr int SkyColor = 3;
-inline constexpr int Heading = 4;
-inline constexpr int Misc = 5;
-inline constexpr int Count = 6;
-} // namespace SetFilter
 
 // "All ", "Cumulus", "Cirrus", "Sky Color ", "Sky", "Misc" (the blanks are part of them).
 std::string_view FilterCaption(int index);
@@ -75,6 +81,15 @@ struct FilterChoice {
 // lblFilter_Click: the sets of one category, or all sets when the category has none.
 FilterChoice ChooseFilter(int index, const MainWindowState& state,
                           const std::vector<TextureSetEntry>& sets);
+// The window takes a choice that applies: lstSkyFil's sets and the chosen label.
+void TakeFilter(MainWindowState& state, const FilterChoice& choice);
+// A new configuration starts on "All ".
+void ClearFilter(MainWindowState& state);
+// The catalogue index of a row of lstSkyFil; -1 for a row it does not have.
+int FilteredSetAt(const MainWindowState& state, int row);
+// Which of lstSky and lstSkyFil the set area shows; nothing changes while the file lists or
+// the situations have the area.
+WindowChanges SetListControls(const MainWindowState& state);
 
 // lstClouds_Click and lstOption_Click: each file ticked in `clicked` unticks the file of the
 // same name (letter case ignored) in `other`, so no file is installed from both sets.
@@ -96,13 +111,15 @@ struct SkyListLayout {
 };
 SkyListLayout LayoutForShowSkyFiles(const MainWindowState& state);
 
-// optSky_Click: the sky controls of the layout come back; `filtered` is true while lstSkyFil
-// stands in for lstSky.
-WindowChanges SkyModeControls(const MainWindowState& state, bool filtered);
+// optSky_Click: the sky controls of the layout come back, lstSkyFil instead of lstSky while
+// a filter is chosen.
+WindowChanges SkyModeControls(const MainWindowState& state);
 // optFLT_Click: the situation list replaces the sky lists.
 WindowChanges SituationModeControls();
-// cmdRandom_Click: everything that could give the picked set's name away is hidden.
-WindowChanges HiddenPickControls();
+// cmdRandom_Click: everything that could give the picked set's name away is hidden, and the
+// hidden-pick panel (picHiddenPick) takes the lists' place. Without any set there is nothing
+// to hide; only backup and restore are switched off.
+WindowChanges HiddenPickControls(bool anySet = true);
 
 // The trail switch (chkTrailOption with lblTrailOption) under the set list.
 struct TrailSwitch {
@@ -116,6 +133,11 @@ inline constexpr std::string_view kPressInstallText = "Press Install Button.";
 
 // What lblMsg shows for the current set: its name, or the install prompt during a hidden pick.
 std::string SetStatusText(const MainWindowState& state, const std::string& setName);
+// What lblMsg shows when AutoRandom is off again (at load, and when it is switched off): the
+// install prompt during a hidden pick, the current set in sky mode, and in situation mode
+// whatever it shows already (nothing: no change).
+std::optional<std::string> StatusWithAutoRandomOff(const MainWindowState& state,
+                                                   const std::string& currentSet);
 // lstClouds_Click shows the clicked file's name only with AutoRandom off and no hidden pick.
 bool ShowsFileName(const MainWindowState& state);
 // A set's preview picture would give a hidden pick away as surely as its name.
@@ -146,6 +168,14 @@ struct CopyBar {
     int perMille = 0;
 };
 CopyBar CopyBarFor(std::uint64_t done, std::uint64_t total);
+
+// Why a control cannot act on this system, for its tool tip; empty when it can. The simulator
+// choices need their installation (`fsPaths`); the controls of later work say so.
+std::string UnavailableReason(std::string_view controlName, const std::string& fsPath0,
+                              const std::string& fsPath1);
+// The tip of a control: the user's own from [ToolTipsText] stays, and the reason it cannot
+// act goes below it, so neither hides the other.
+std::string ControlTip(const std::string& configured, const std::string& reason);
 
 // Controls and menu items whose work is not part of this build yet: they stay disabled
 // whatever the rules above say, rather than pretend to act.

@@ -95,16 +95,6 @@ TEST(SetFilters, ChoosingACategorySwitchesARunningAutoRandomOff)
     EXPECT_FALSE(ChooseFilter(SetFilter::Cirrus, state, kLibrary).switchAutoRandomOff);
 }
 
-TEST(SetFilters, CaptionsAndLabelNames)
-{
-    EXPECT_EQ(FilterCaption(SetFilter::All), "All ");
-    EXPECT_EQ(FilterCaption(SetFilter::SkyColor), "Sky Color ");
-    EXPECT_EQ(FilterCaption(SetFilter::Heading), "Sky");
-    EXPECT_EQ(FilterCaption(SetFilter::Misc), "Misc");
-    EXPECT_EQ(FilterCaption(6), "");
-    EXPECT_EQ(FilterLabelName(5), "lblFilter5");
-}
-
 TEST(TickMirroring, ATickedFileUnticksTheSameNameInTheOtherListOnly)
 {
     const TickList clouds = {{"halo.bmp", true}, {"cld01.bmp", true}, {"moon.bmp", false}};
@@ -118,13 +108,6 @@ TEST(TickMirroring, ATickedFileUnticksTheSameNameInTheOtherListOnly)
     EXPECT_EQ(cloudsAgain, clouds);
     MirrorTicks({{"cld01.bmp", true}}, cloudsAgain);
     EXPECT_FALSE(cloudsAgain[1].second);
-}
-
-TEST(TickMirroring, AnyTicked)
-{
-    EXPECT_FALSE(AnyTicked({}));
-    EXPECT_FALSE(AnyTicked({{"a.bmp", false}}));
-    EXPECT_TRUE(AnyTicked({{"a.bmp", false}, {"b.bmp", true}}));
 }
 
 TEST(CommandStates, TicksDecideTheCommandsOutsideAHiddenPick)
@@ -179,59 +162,47 @@ TEST(CommandStates, ButtonCtrlLocksTheSetChoiceAndKeepsTheSituationRules)
     EXPECT_EQ(Of(open.enabled, "cmdInst"), true);
 }
 
-TEST(Layout, ShowSkyFilesShowsTheFileListsInsteadOfTheSetListAndFilters)
+TEST(SetFilters, TheFilteredListMapsItsRowsToTheCatalogueAndOutlivesASituationTrip)
 {
+    // Two sets of the same name: a row must lead to its own set, not the first of the name.
+    const std::vector<TextureSetEntry> sets = {Set("Haze", SetCategory::Misc),
+                                               Set("Clear", SetCategory::SkyColor),
+                                               Set("Haze", SetCategory::Misc)};
     MainWindowState state;
-    state.ShowSkyFiles = true;
-    SkyListLayout layout = LayoutForShowSkyFiles(state);
-    auto visible = Final(layout.changes.visible);
-    for (const char* name : {"cmbClouds", "cmbOption", "lstClouds", "lstOption"})
-        EXPECT_TRUE(visible.at(name)) << name;
-    for (const char* name : {"lstSky", "lstSkyFil", "lblFilter0", "lblFilter1", "lblFilter2",
-                             "lblFilter3", "lblFilter5"})
-        EXPECT_FALSE(visible.at(name)) << name;
-    EXPECT_EQ(visible.count("lblFilter4"), 0u);
-    EXPECT_EQ(layout.situationListTwips, 2085);
-
-    state.ShowSkyFiles = false;
-    layout = LayoutForShowSkyFiles(state);
-    visible = Final(layout.changes.visible);
-    for (const char* name : {"cmbClouds", "cmbOption", "lstClouds", "lstOption", "lstSkyFil"})
-        EXPECT_FALSE(visible.at(name)) << name;
-    for (const char* name : {"lstSky", "lblFilter0", "lblFilter3", "lblFilter5"})
-        EXPECT_TRUE(visible.at(name)) << name;
-    EXPECT_EQ(layout.situationListTwips, 960);
-}
-
-TEST(Layout, TheBackupButtonsFollowBackupOriginals)
-{
-    MainWindowState state;
-    SkyListLayout layout = LayoutForShowSkyFiles(state);
-    EXPECT_EQ(Of(layout.changes.visible, "cmdBackUp"), false);
-    EXPECT_EQ(Of(layout.changes.enabled, "cmdToOrg"), false);
-    state.BackupOriginals = true;
-    layout = LayoutForShowSkyFiles(state);
-    EXPECT_EQ(Of(layout.changes.visible, "cmdToOrg"), true);
-    EXPECT_EQ(Of(layout.changes.enabled, "cmdBackUp"), true);
-}
-
-TEST(Modes, SkyModeBringsBackTheListOfTheLayoutAndTheFilter)
-{
-    MainWindowState state;
-    auto visible = Final(SkyModeControls(state, false).visible);
-    EXPECT_TRUE(visible.at("lstSky"));
-    EXPECT_FALSE(visible.at("lstSkyFil"));
-    EXPECT_FALSE(visible.at("lstFLT"));
-    EXPECT_TRUE(visible.at("lblFilter2"));
-    visible = Final(SkyModeControls(state, true).visible);
+    TakeFilter(state, ChooseFilter(SetFilter::Misc, state, sets));
+    EXPECT_EQ(state.ChosenFilter, SetFilter::Misc);
+    EXPECT_EQ(FilteredSetAt(state, 1), 2);
+    EXPECT_EQ(FilteredSetAt(state, 2), -1);
+    EXPECT_EQ(FilteredSetAt(state, -1), -1);
+    auto visible = Final(SetListControls(state).visible);
     EXPECT_FALSE(visible.at("lstSky"));
     EXPECT_TRUE(visible.at("lstSkyFil"));
 
+    // Situation mode leaves the lists alone; back in sky mode the filtered list returns.
+    state.SituationMode = true;
+    EXPECT_TRUE(SetListControls(state).visible.empty());
+    state.SituationMode = false;
+    visible = Final(SkyModeControls(state).visible);
+    EXPECT_TRUE(visible.at("lstSkyFil"));
+    EXPECT_FALSE(visible.at("lstSky"));
+    EXPECT_FALSE(visible.at("picHiddenPick"));
+
+    // A category without sets, the heading and a hidden pick: "All " or no change at all.
+    TakeFilter(state, ChooseFilter(SetFilter::Heading, state, sets));
+    EXPECT_TRUE(state.Filtered());
+    TakeFilter(state, ChooseFilter(SetFilter::Cirrus, state, sets));
+    EXPECT_FALSE(state.Filtered());
+    EXPECT_EQ(state.ChosenFilter, SetFilter::All);
+    EXPECT_TRUE(Final(SetListControls(state).visible).at("lstSky"));
+
+    // With the file lists shown there is no set list to switch.
+    TakeFilter(state, ChooseFilter(SetFilter::SkyColor, state, sets));
     state.ShowSkyFiles = true;
-    visible = Final(SkyModeControls(state, true).visible);
-    EXPECT_FALSE(visible.at("lstSkyFil"));
-    EXPECT_TRUE(visible.at("lstClouds"));
-    EXPECT_FALSE(visible.at("lblFilter2"));
+    EXPECT_TRUE(SetListControls(state).visible.empty());
+    EXPECT_FALSE(Final(SkyModeControls(state).visible).at("lstSkyFil"));
+    ClearFilter(state);
+    EXPECT_FALSE(state.Filtered());
+    EXPECT_EQ(state.ChosenFilter, SetFilter::All);
 }
 
 TEST(Modes, SituationModeAndTheHiddenPickHideEverySkyList)
@@ -249,6 +220,11 @@ TEST(Modes, SituationModeAndTheHiddenPickHideEverySkyList)
     EXPECT_EQ(Of(SituationModeControls().visible, "lstFLT"), true);
     EXPECT_EQ(Of(HiddenPickControls().visible, "lstFLT"), false);
     EXPECT_EQ(Of(HiddenPickControls().visible, "ImgSky"), false);
+    // The hidden-pick panel takes the lists' place, unless there was nothing to pick.
+    EXPECT_EQ(Of(HiddenPickControls().visible, "picHiddenPick"), true);
+    EXPECT_EQ(Of(SituationModeControls().visible, "picHiddenPick"), false);
+    EXPECT_TRUE(HiddenPickControls(false).visible.empty());
+    EXPECT_EQ(Of(HiddenPickControls(false).enabled, "cmdBackUp"), false);
 }
 
 TEST(TrailSwitch, ShownUnderTheSetListForAnOptionSetWithFiles)
@@ -280,6 +256,17 @@ TEST(StatusLine, AHiddenPickNeverShowsTheSetName)
     EXPECT_FALSE(ShowsFileName(state));
 }
 
+TEST(StatusLine, AutoRandomGoingOffShowsTheSetOnlyWhereItMay)
+{
+    MainWindowState state;
+    EXPECT_EQ(StatusWithAutoRandomOff(state, "Summer haze"), "Summer haze");
+    state.HideSetName = true;
+    EXPECT_EQ(StatusWithAutoRandomOff(state, "Summer haze"), "Press Install Button.");
+    state.HideSetName = false;
+    state.SituationMode = true;
+    EXPECT_EQ(StatusWithAutoRandomOff(state, "Summer haze"), std::nullopt);
+}
+
 TEST(StatusLine, IntervalText)
 {
     EXPECT_EQ(IntervalText(0), "Off");
@@ -290,12 +277,6 @@ TEST(StatusLine, IntervalText)
     // The interval is kept as a single-precision tenth: 1.5 arrives as 1.5000000xx.
     EXPECT_EQ(IntervalText(static_cast<float>(150) / 10), "15min");
     EXPECT_EQ(IntervalText(60), "60min");
-}
-
-TEST(HiddenPick, OnlySetsThatTakePartInAutoRandomMayBePicked)
-{
-    EXPECT_EQ(RandomSelectionFlags(kLibrary), (std::vector<bool>{true, true, true, true, false}));
-    EXPECT_TRUE(RandomSelectionFlags({}).empty());
 }
 
 TEST(OptionSets, TheSubFoldersOfTheOptionGroup)
@@ -316,16 +297,6 @@ TEST(OptionSets, TheSubFoldersOfTheOptionGroup)
     EXPECT_EQ(OptionSetNames(files, events, other.path()), TextList{"Moon"});
 }
 
-TEST(Availability, CommandsOfLaterWorkStayDisabled)
-{
-    for (const char* name : {"cmdInstAndStart", "lblTime", "lblAutoRandom", "mnuSound"})
-        EXPECT_TRUE(AwaitsLaterWork(name)) << name;
-    for (const char* name :
-         {"cmdInst", "mnuLastInst", "cmdRandom", "cmdClose", "mnuShowIni", "mnuEndProg", "lstSky",
-          "lblHelp", "lblOption", "mnuCheckCloudAll", "cmdBackUp", "cmdToOrg", "mnuBkAll"})
-        EXPECT_FALSE(AwaitsLaterWork(name)) << name;
-}
-
 TEST(Availability, OnlyALargeCopyShowsItsProgressBarAndOnlyWhileItRuns)
 {
     EXPECT_FALSE(CopyBarFor(0, kCopyBarBytes - 1).visible);
@@ -341,11 +312,19 @@ TEST(Availability, OnlyALargeCopyShowsItsProgressBarAndOnlyWhileItRuns)
     EXPECT_EQ(CopyBarFor(huge / 2, huge).perMille, 500);
 }
 
-TEST(Availability, ASimulatorChoiceNeedsItsFolder)
+TEST(Availability, AControlThatCannotActSaysWhyBesideTheUsersOwnTip)
 {
-    const auto changes = SimulatorChoices("C:\\FS9", "");
-    EXPECT_EQ(Of(changes.enabled, "optFs0"), true);
-    EXPECT_EQ(Of(changes.enabled, "optFs1"), false);
+    EXPECT_EQ(UnavailableReason("optFs1", "C:\\FS9", ""),
+              "No second simulator installation was found on this system.");
+    EXPECT_EQ(UnavailableReason("optFs1", "C:\\FS9", "D:\\CFS2"), "");
+    EXPECT_EQ(UnavailableReason("optFs0", "C:\\FS9", ""), "");
+    for (const char* name : {"cmdInstAndStart", "optFLT"})
+        EXPECT_NE(UnavailableReason(name, "C:\\FS9", ""), "") << name;
+    EXPECT_EQ(UnavailableReason("cmdInst", "", ""), "");
+
+    EXPECT_EQ(ControlTip("Every set", ""), "Every set");
+    EXPECT_EQ(ControlTip("", "Not yet."), "Not yet.");
+    EXPECT_EQ(ControlTip("Start the flight", "Not yet."), "Start the flight\nNot yet.");
 }
 
 } // namespace

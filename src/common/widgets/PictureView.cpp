@@ -29,12 +29,8 @@ bool PictureView::ShowPicture(FileOperations& files, const std::string& path, bo
     if (!IsOK(FileExists(files, path)) || !IsShowablePicture(path))
         return false;
     // The path may come from cloud.ini in any letter case; read the file as it is on disk.
-    QImageReader reader(QString::fromStdString(files.resolve(path)));
-    reader.setAutoTransform(true);
-    QImage loaded = reader.read();
-    if (loaded.isNull())
-        return false;
-    picture_ = std::move(loaded);
+    pending_ = QString::fromStdString(files.resolve(path));
+    picture_ = QImage();
     stretch_ = stretch;
     show();
     update();
@@ -43,8 +39,20 @@ bool PictureView::ShowPicture(FileOperations& files, const std::string& path, bo
 
 void PictureView::clear()
 {
+    pending_.clear();
     picture_ = QImage();
     update();
+}
+
+const QImage& PictureView::picture() const
+{
+    if (!pending_.isEmpty()) {
+        QImageReader reader(pending_);
+        reader.setAutoTransform(true);
+        picture_ = reader.read();
+        pending_.clear();
+    }
+    return picture_;
 }
 
 QRect PictureView::pictureArea() const
@@ -54,7 +62,7 @@ QRect PictureView::pictureArea() const
 
 QRect PictureView::pictureRect() const
 {
-    if (picture_.isNull())
+    if (picture().isNull())
         return {};
     const QRect area = pictureArea();
     const PictureRect fit =
@@ -72,7 +80,7 @@ void PictureView::paintEvent(QPaintEvent*)
     QPainter painter(this);
     skin::PaintInset(painter, rect(), 5);
     const QRect area = pictureArea();
-    if (!picture_.isNull()) {
+    if (!picture().isNull()) {
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
         QPainterPath clip;
         clip.addRoundedRect(QRectF(area), 3, 3);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QImage>
+#include <QString>
 #include <QWidget>
 
 #include <string>
@@ -17,14 +18,15 @@ class PictureView final : public QWidget {
 public:
     explicit PictureView(QWidget* parent = nullptr);
 
-    // ShowPicture: loads a BMP, GIF or JPEG file and shows it (the view becomes visible).
-    // Anything else, a missing file or one that does not decode leaves the view as it was;
-    // false then.
+    // ShowPicture: shows a BMP, GIF or JPEG file (the view becomes visible). Anything else or
+    // a missing file leaves the view as it was; false then. The file is decoded when the
+    // picture is first needed (drawn or asked for), so a preview that is never seen costs
+    // nothing; one that does not decode then shows as no picture.
     bool ShowPicture(FileOperations& files, const std::string& path, bool stretch);
     void clear();
 
-    bool hasPicture() const { return !picture_.isNull(); }
-    const QImage& picture() const { return picture_; }
+    bool hasPicture() const { return !picture().isNull(); }
+    const QImage& picture() const;
     // Where the picture is drawn, in the view's coordinates; empty without a picture.
     QRect pictureRect() const;
 
@@ -36,7 +38,9 @@ protected:
 private:
     QRect pictureArea() const;
 
-    QImage picture_;
+    // The file still to decode; empty once decoded.
+    mutable QString pending_;
+    mutable QImage picture_;
     bool stretch_ = true;
 };
 
