@@ -3,6 +3,7 @@
 
 #include "app/StartUpSequence.h"
 #include "common/PathText.h"
+#include "common/widgets/HiddenPickPanel.h"
 #include "common/widgets/PictureView.h"
 #include "common/widgets/Skin.h"
 #include "support/TempFolder.h"
@@ -56,6 +57,7 @@ public:
                                                "Random=off\r\n"
                                                "[ToolTipsText]\r\nDataList=Every set\r\n"
                                                "FilterOfList=Only these\r\n"
+                                               "Inst&RunFs=Install, then fly\r\n"
                                                "[ShowSkyFiles]\r\nShowFiles=") +
                                    (showSkyFiles ? "True" : "False") + "\r\n" + extraSections);
     }
@@ -98,12 +100,19 @@ QAction* Action(const QWidget& window, const char* name)
     return found;
 }
 
-QStringList Entries(const QListWidget* list)
+QStringList Entries(const QAbstractItemView* list)
 {
     QStringList entries;
-    for (int row = 0; row < list->count(); ++row)
-        entries << list->item(row)->text();
+    for (int row = 0; row < list->model()->rowCount(); ++row)
+        entries << list->model()->index(row, 0).data().toString();
     return entries;
+}
+
+// Chooses a row of a set list as a click on it does.
+void SetRow(const QWidget& window, const char* list, int row)
+{
+    auto* view = Find<QAbstractItemView>(window, list);
+    view->setCurrentIndex(view->model()->index(row, 0));
 }
 
 QStringList Ticked(const QListWidget* list)
@@ -136,9 +145,11 @@ void Click(QWidget* control)
     QTest::mouseClick(control, Qt::LeftButton, {}, control->rect().center());
 }
 
+// A control built only when first needed is not shown before it exists.
 bool Shown(const QWidget& window, const char* name)
 {
-    return Find(window, name)->isVisibleTo(&window);
+    const auto* control = window.findChild<QWidget*>(QString::fromLatin1(name));
+    return control && control->isVisibleTo(&window);
 }
 
 QColor Ink(const QWidget& window, const char* name)
@@ -177,10 +188,9 @@ private Q_SLOTS:
         QCOMPARE(Find<QRadioButton>(*window, "optFs0")->text(), QStringLiteral("FS2K"));
         QCOMPARE(Find<QRadioButton>(*window, "optFs1")->text(), QStringLiteral("CFS2"));
         for (const char* name :
-             {"optSky",    "optFLT",    "lstSky",    "lstSkyFil",      "cmbClouds",
-              "lstClouds", "cmbOption", "lstOption", "chkTrailOption", "lblTrailOption",
-              "lstFLT",    "lblFunc",   "ImgSky",    "cmdInst",        "cmdInstAndStart",
-              "cmdRandom", "cmdBackUp", "cmdToOrg",  "cmdClose",       "cmdMin"})
+             {"optSky", "optFLT", "lstSky", "cmbClouds", "lstClouds", "cmbOption", "lstOption",
+              "chkTrailOption", "lblTrailOption", "lstFLT", "lblFunc", "ImgSky", "cmdInst",
+              "cmdInstAndStart", "cmdRandom", "cmdBackUp", "cmdToOrg", "cmdClose", "cmdMin"})
             Find(*window, name);
         QVERIFY(window->findChild<QSystemTrayIcon*>(QStringLiteral("PIC")));
         QVERIFY(window->findChild<QObject*>(QStringLiteral("Timer1")));
@@ -191,11 +201,11 @@ private Q_SLOTS:
     {
         Library library(false);
         const auto window = library.open();
-        QCOMPARE(Entries(Find<QListWidget>(*window, "lstSky")), kAllSets);
+        QCOMPARE(Entries(Find<QAbstractItemView>(*window, "lstSky")), kAllSets);
         auto* cmbClouds = Find<QComboBox>(*window, "cmbClouds");
         QCOMPARE(cmbClouds->count(), 4);
         QCOMPARE(cmbClouds->currentText(), QStringLiteral("Summer haze"));
-        QCOMPARE(Find<QListWidget>(*window, "lstSky")->currentRow(), 0);
+        QCOMPARE(Find<QAbstractItemView>(*window, "lstSky")->currentIndex().row(), 0);
         // The whole set is ticked, so by default all of it would be installed.
         QCOMPARE(Ticked(Find<QListWidget>(*window, "lstClouds")),
                  (QStringList{QStringLiteral("cld01.bmp"), QStringLiteral("cld02.bmp")}));
@@ -247,7 +257,7 @@ private Q_SLOTS:
         Click(Find(*window, "lblFilter3")); // Sky Color
         QVERIFY(Shown(*window, "lstSkyFil"));
         QVERIFY(!Shown(*window, "lstSky"));
-        QCOMPARE(Entries(Find<QListWidget>(*window, "lstSkyFil")),
+        QCOMPARE(Entries(Find<QAbstractItemView>(*window, "lstSkyFil")),
                  QStringList{QStringLiteral("Clear day")});
         QCOMPARE(Find<QComboBox>(*window, "cmbClouds")->currentText(), QStringLiteral("Clear day"));
         QCOMPARE(Find<QLabel>(*window, "lblMsg")->text(), QStringLiteral("Clear day"));
@@ -255,13 +265,13 @@ private Q_SLOTS:
         QCOMPARE(Ink(*window, "lblFilter0"), plain);
 
         Click(Find(*window, "lblFilter5")); // Misc
-        auto* filtered = Find<QListWidget>(*window, "lstSkyFil");
+        auto* filtered = Find<QAbstractItemView>(*window, "lstSkyFil");
         QCOMPARE(Entries(filtered),
                  (QStringList{QStringLiteral("Stratus deck"), QStringLiteral("Runway halo")}));
-        filtered->setCurrentRow(1);
+        SetRow(*window, "lstSkyFil", 1);
         QCOMPARE(Find<QComboBox>(*window, "cmbClouds")->currentText(),
                  QStringLiteral("Runway halo"));
-        QCOMPARE(Find<QListWidget>(*window, "lstSky")->currentItem()->text(),
+        QCOMPARE(Find<QAbstractItemView>(*window, "lstSky")->currentIndex().data().toString(),
                  QStringLiteral("Runway halo"));
 
         // The heading is not a filter.
@@ -326,7 +336,7 @@ private Q_SLOTS:
     {
         Library library(false);
         const auto window = library.open();
-        Find<QListWidget>(*window, "lstSky")->setCurrentRow(3); // Runway halo
+        SetRow(*window, "lstSky", 3); // Runway halo
         auto* trail = Find<QCheckBox>(*window, "chkTrailOption");
         QVERIFY(Shown(*window, "chkTrailOption"));
         Click(trail);
@@ -336,7 +346,7 @@ private Q_SLOTS:
         QCOMPARE(Ticked(Find<QListWidget>(*window, "lstClouds")),
                  QStringList{QStringLiteral("SunEffect.cfg")});
         // Another set starts without it.
-        Find<QListWidget>(*window, "lstSky")->setCurrentRow(0);
+        SetRow(*window, "lstSky", 0);
         QVERIFY(!trail->isChecked());
         QCOMPARE(Find<QListWidget>(*window, "lstOption")->count(), 0);
     }
@@ -358,6 +368,10 @@ private Q_SLOTS:
                 QVERIFY2(!Shown(*window, name), name);
             QVERIFY(Shown(*window, "ImgSky"));
             QVERIFY(!Find<PictureView>(*window, "ImgSky")->hasPicture());
+            // In the lists' place: the hidden-pick panel with the status line's words.
+            QVERIFY(Shown(*window, "picHiddenPick"));
+            QCOMPARE(Find<HiddenPickPanel>(*window, "picHiddenPick")->text(),
+                     QStringLiteral("Press Install Button."));
             picked.insert(cmbClouds->currentText());
         }
         // Sets kept out of AutoRandom are never picked; the others all come up.
@@ -368,8 +382,9 @@ private Q_SLOTS:
         // reveal a name.
         Click(Find(*window, "optSky"));
         QVERIFY(Shown(*window, "lstSky"));
+        QVERIFY(!Shown(*window, "picHiddenPick"));
         QCOMPARE(message->text(), QStringLiteral("Press Install Button."));
-        Find<QListWidget>(*window, "lstSky")->setCurrentRow(1);
+        SetRow(*window, "lstSky", 1);
         QCOMPARE(message->text(), QStringLiteral("Press Install Button."));
         QVERIFY(!Find<PictureView>(*window, "ImgSky")->hasPicture());
         Click(Find(*window, "lblFilter3"));
@@ -386,13 +401,13 @@ private Q_SLOTS:
         const auto window = library.open();
         auto* preview = Find<PictureView>(*window, "ImgSky");
         QVERIFY(!preview->hasPicture()); // Summer haze has no picture
-        Find<QListWidget>(*window, "lstSky")->setCurrentRow(1);
+        SetRow(*window, "lstSky", 1);
         QVERIFY(preview->hasPicture());
         const QRect shown = preview->pictureRect();
         QVERIFY(shown.width() > 64); // stretched to the frame
         QCOMPARE(shown.width(), 4 * shown.height());
         QVERIFY(preview->rect().contains(shown));
-        Find<QListWidget>(*window, "lstSky")->setCurrentRow(2);
+        SetRow(*window, "lstSky", 2);
         QVERIFY(!preview->hasPicture());
     }
 
@@ -700,6 +715,13 @@ private Q_SLOTS:
             QCOMPARE(Find(*window, name)->toolTip(), QStringLiteral("Only these"));
         QVERIFY(Find(*window, "lblFilter4")->toolTip().isEmpty());
         QVERIFY(Find(*window, "cmdRandom")->toolTip().isEmpty());
+        // A control that cannot act here says why, under the user's own tip where there is one.
+        QCOMPARE(Find(*window, "optFs1")->toolTip(),
+                 QStringLiteral("No second simulator installation was found on this system."));
+        QVERIFY(Find(*window, "cmdInstAndStart")
+                    ->toolTip()
+                    .startsWith(QStringLiteral("Install, then fly\n")));
+        QVERIFY(Find(*window, "cmdInstAndStart")->toolTip().size() > 20);
         for (const char* name : {"lstSky", "lblMsg", "cmdRandom", "cmbClouds", "optSky"})
             QCOMPARE(Find(*window, name)->font().families().value(0),
                      QStringLiteral("Vellumar Test Sans"));
