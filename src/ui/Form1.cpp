@@ -165,12 +165,14 @@ Form1::Form1(Services& services, ProgramState& state, const ScreenFacts& screen,
 {
     setObjectName(QStringLiteral("Form1"));
     setWindowIcon(skin::AppIcon());
-    setPalette(skin::PanelPalette());
     setAutoFillBackground(false);
-    setStyleSheet(skin::PanelStyleSheet());
     CreateControls();
     CreateMenus();
     Connect();
+    // The look comes last: given first, every control added to the tree would be polished
+    // again as it moves into place, which is a good part of the window's start-up.
+    setPalette(skin::PanelPalette());
+    setStyleSheet(skin::PanelStyleSheet());
 }
 
 Form1::~Form1() = default;
