@@ -1,6 +1,7 @@
 // vellumar-screenshots OUTDIR: starts the main window the way the program does (on the
 // installation named by VELLUMAR_HOME and WINEPREFIX, normally a demo) and saves pictures of
-// its layouts, a chosen filter and the open tray menu. Run it under a display, e.g. Xvfb:
+// its layouts, a chosen filter, the open menus, a hidden random pick and the program's own
+// message box. Run it under a display, e.g. Xvfb:
 //   xvfb-run -a vellumar-screenshots docs/screenshots
 
 #include "app/ScreenFacts_qt.h"
@@ -12,6 +13,7 @@
 #include "common/MessageService_qt.h"
 #include "common/ProcessLauncher.h"
 #include "common/Services.h"
+#include "common/frmMsg.h"
 #include "common/widgets/Skin.h"
 #include "config/Registry.h"
 #include "config/SystemFolders.h"
@@ -32,6 +34,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
+#include <vector>
 
 namespace {
 
@@ -57,9 +60,10 @@ bool Save(const QPixmap& picture, const QString& folder, const char* name)
     return true;
 }
 
-// The window and an open popup menu together, as they stand on the screen, over a quiet
-// desktop (the screen's own background is whatever the display happens to have).
-QPixmap GrabWithMenu(QWidget& window, QMenu& menu)
+// The window and another one in front of it (an open popup menu, a message) together, as
+// they stand on the screen, over a quiet desktop (the screen's own background is whatever the
+// display happens to have).
+QPixmap GrabWithMenu(QWidget& window, QWidget& menu)
 {
     const QRect area = window.frameGeometry().united(menu.geometry()).adjusted(-24, -24, 24, 24);
     const qreal scale = window.devicePixelRatioF();
@@ -72,7 +76,11 @@ QPixmap GrabWithMenu(QWidget& window, QMenu& menu)
     painter.fillRect(QRect(QPoint(0, 0), area.size()), desktop);
     painter.drawPixmap(window.frameGeometry().topLeft() - area.topLeft(), window.grab());
     const QPoint menuAt = menu.geometry().topLeft() - area.topLeft();
-    painter.fillRect(QRect(menuAt + QPoint(3, 4), menu.size()), QColor(0, 0, 0, 70));
+    // A soft shadow under the front window.
+    for (int spread = 6; spread >= 1; --spread)
+        painter.fillRect(QRect(menuAt + QPoint(3, 4), menu.size())
+                             .adjusted(-spread, -spread + 2, spread, spread),
+                         QColor(0, 0, 0, 12));
     painter.drawPixmap(menuAt, menu.grab());
     return picture;
 }
@@ -104,6 +112,51 @@ std::unique_ptr<Form1> OpenWindow(Program& program, bool showSkyFiles)
     window->show();
     Settle();
     return window;
+}
+
+// The program's own message box, as ShowMessage shows it.
+struct MessageShot {
+    const char* file;
+    const char* title;
+    QString text;
+    int style;
+};
+
+std::unique_ptr<frmMsg> OpenMessage(const MessageShot& shot, QWidget* centreOn)
+{
+    auto window = std::make_unique<frmMsg>();
+    window->setCentreOn(centreOn);
+    window->setTitle(QString::fromUtf8(shot.title));
+    window->setMessageText(shot.text);
+    window->setMessageStyle(shot.style);
+    window->show();
+    Settle();
+    return window;
+}
+
+std::vector<MessageShot> MessageShots()
+{
+    QString backupList;
+    for (const char* name :
+         {"cloud1.bmp", "cloud2.bmp", "cloud3.bmp", "cloud4.bmp", "cumulus.cld", "stratus.cld",
+          "sky_sunrise.bmp", "sky_sunset.bmp", "sky_night.bmp", "moon.bmp", "sunflare.bmp",
+          "rain.bmp", "snowflake.bmp", "fx_rain.fx", "suneffect.cfg"})
+        backupList += QStringLiteral("\n") + QString::fromLatin1(name);
+    return {
+        {"frmMsg-one-button.png", "cloud.ini",
+         QStringLiteral("ATTRIBUTE changing Error of CLOUD.ini.\n"
+                        "Is CLOUD.ini used another application ?"),
+         48},
+        {"frmMsg-two-buttons.png", "Installation",
+         QStringLiteral("*** Cumulus Summer ***\n\nTexture set from above will be installed."), 65},
+        {"frmMsg-three-buttons.png", "AutoRandom",
+         QStringLiteral("The AutoRandom order has changed.\nKeep the new order?"), 3 + 32},
+        {"frmMsg-scrolling.png", "No Backup files",
+         QStringLiteral("*** Cumulus Summer ***\n\nFollowing backup files are not found.\n"
+                        "Try to backup these files again?") +
+             backupList,
+         52},
+    };
 }
 
 } // namespace
@@ -173,6 +226,27 @@ int main(int argc, char** argv)
         bar->show();
         Settle();
         saved &= Save(window->grab(), folder, "main-window-copying.png");
+    }
+    {
+        // The hidden random pick: the lists give way to a panel that keeps the set's name back.
+        auto window = OpenWindow(program, false);
+        QTest::mouseClick(window->findChild<QWidget*>(QStringLiteral("cmdRandom")), Qt::LeftButton);
+        Settle();
+        saved &= Save(window->grab(), folder, "main-window-hidden-pick.png");
+    }
+    {
+        // A message over the main window, in the same skin.
+        auto window = OpenWindow(program, false);
+        const MessageShot install = {nullptr, "Installation",
+                                     QStringLiteral("*** Hazy summer cumulus ***\n\n"
+                                                    "Texture set from above will be installed."),
+                                     65};
+        auto message = OpenMessage(install, window.get());
+        saved &= Save(GrabWithMenu(*window, *message), folder, "main-window-message.png");
+    }
+    for (const MessageShot& shot : MessageShots()) {
+        auto message = OpenMessage(shot, nullptr);
+        saved &= Save(message->grab(), folder, shot.file);
     }
     return saved ? EXIT_SUCCESS : EXIT_FAILURE;
 }

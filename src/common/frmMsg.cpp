@@ -1,13 +1,19 @@
 #include "common/frmMsg.h"
 
+#include "common/widgets/PictureButton.h"
+#include "common/widgets/Skin.h"
+#include "common/widgets/SkyBand.h"
+
 #include <QApplication>
 #include <QCursor>
 #include <QEvent>
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QFontMetrics>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLinearGradient>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPlainTextEdit>
@@ -16,6 +22,7 @@
 #include <QStyle>
 #include <QTextLayout>
 #include <QTimer>
+#include <QWindow>
 
 #include <algorithm>
 #include <cmath>
@@ -32,6 +39,8 @@ constexpr int kTextPointSize = 10;
 constexpr double kButtonMinWidth = 1095;
 constexpr double kButtonMinHeight = 375;
 constexpr int kButtonPadding = 12;
+// The skinned title bar, which takes the place of the system's caption.
+constexpr int kTitleBarHeight = 32;
 
 // How an unwrapped label lays out its text; measuring with the same flags keeps the label
 // exactly as large as what it paints.
@@ -220,18 +229,22 @@ private:
     MessageIcon icon_ = MessageIcon::None;
 };
 
+// The layout's places are below the title bar.
 QRect ToQRect(const PixelRect& r)
 {
-    return QRect(r.left, r.top, r.width, r.height);
+    return QRect(r.left, r.top + kTitleBarHeight, r.width, r.height);
 }
 
 } // namespace
 
 frmMsg::frmMsg(QWidget* parent)
-    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
-                          Qt::WindowCloseButtonHint | Qt::MSWindowsFixedSizeDialogHint)
+    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint | Qt::MSWindowsFixedSizeDialogHint)
 {
     setObjectName(QStringLiteral("frmMsg"));
+    // The main window's skin: its panel, palette and keys, and a sky band as the title bar, so
+    // that a message reads as part of the same program.
+    setPalette(skin::PanelPalette());
+    setStyleSheet(skin::PanelStyleSheet());
     // A message box never ends the program, even when it is the last window closed.
     setAttribute(Qt::WA_QuitOnClose, false);
     setModal(false);
@@ -268,6 +281,27 @@ frmMsg::frmMsg(QWidget* parent)
     cmd23_ = makeButton(QStringLiteral("cmd23"), MessageButtonCode::cmd23);
     cmd33_ = makeButton(QStringLiteral("cmd33"), MessageButtonCode::cmd33);
 
+    SkyBand_ = new SkyBand(this);
+    SkyBand_->setObjectName(QStringLiteral("SkyBand"));
+    auto* titleRow = new QHBoxLayout(SkyBand_);
+    titleRow->setContentsMargins(12, 0, 6, 2);
+    titleRow->setSpacing(8);
+    lblTitle_ = new QLabel(SkyBand_);
+    lblTitle_->setObjectName(QStringLiteral("lblTitle"));
+    lblTitle_->setTextFormat(Qt::PlainText);
+    QPalette titleInk = lblTitle_->palette();
+    titleInk.setColor(QPalette::WindowText, Qt::white);
+    lblTitle_->setPalette(titleInk);
+    auto* close =
+        new PictureButton(PictureButton::Glyph::Close, {}, PictureButton::Kind::TitleBar, SkyBand_);
+    close->setObjectName(QStringLiteral("cmdTitleClose"));
+    close->setFixedSize(22, 22);
+    close->setFocusPolicy(Qt::NoFocus);
+    connect(close, &QAbstractButton::clicked, this, &frmMsg::reject);
+    cmdTitleClose_ = close;
+    titleRow->addWidget(lblTitle_, 1);
+    titleRow->addWidget(close);
+
     answer_.Reset(style_);
     ApplyFonts();
 }
@@ -288,6 +322,7 @@ void frmMsg::setMessageStyle(int style)
 void frmMsg::setTitle(const QString& title)
 {
     setWindowTitle(title);
+    lblTitle_->setText(title);
 }
 
 void frmMsg::SetButtonResult(int code)
@@ -341,6 +376,10 @@ void frmMsg::ApplyFonts()
     setFont(windowFont);
     lblMsg_->setFont(textFont);
     txtMsg_->setFont(textFont);
+    // The title in the window's own font, bold as the system draws captions.
+    QFont titleFont = windowFont;
+    titleFont.setBold(true);
+    lblTitle_->setFont(titleFont);
 }
 
 QPushButton* frmMsg::ButtonOf(int code) const
@@ -389,7 +428,7 @@ void frmMsg::Form_Load()
     input.style = style_;
     input.twipsPerPixelX = twipsPerPixelX;
     input.twipsPerPixelY = twipsPerPixelY;
-    input.captionHeight = style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this);
+    input.captionHeight = kTitleBarHeight;
     input.buttonSize = {std::max(captionWidth + 2 * kButtonPadding,
                                  static_cast<int>(std::lround(kButtonMinWidth / twipsPerPixelX))),
                         buttonHeight};
@@ -429,7 +468,9 @@ void frmMsg::Form_Load()
     if (QPushButton* focus = ButtonOf(layout.focusButton))
         focus->setDefault(true);
 
-    setFixedSize(layout.window.width, layout.window.height);
+    setFixedSize(layout.window.width, layout.window.height + kTitleBarHeight);
+    // Inside the panel's one-pixel edge.
+    SkyBand_->setGeometry(1, 1, width() - 2, kTitleBarHeight - 1);
     PlaceWindow();
 }
 
@@ -486,6 +527,45 @@ void frmMsg::changeEvent(QEvent* event)
         // Decide once the activation has settled: which window took over is known only then.
         QTimer::singleShot(0, this, &frmMsg::Form_Deactivate);
     }
+}
+
+void frmMsg::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    skin::PaintPanel(painter, rect());
+}
+
+void frmMsg::mousePressEvent(QMouseEvent* event)
+{
+    // Without the system's title bar the window is moved by its own: where the window system
+    // can move it (it must, on Wayland), it does; elsewhere it follows the mouse.
+    if (event->button() != Qt::LeftButton) {
+        QDialog::mousePressEvent(event);
+        return;
+    }
+    if (windowHandle() && windowHandle()->startSystemMove()) {
+        event->accept();
+        return;
+    }
+    dragOffset_ = event->globalPosition().toPoint() - frameGeometry().topLeft();
+    dragging_ = true;
+    event->accept();
+}
+
+void frmMsg::mouseMoveEvent(QMouseEvent* event)
+{
+    if (dragging_ && (event->buttons() & Qt::LeftButton)) {
+        move(event->globalPosition().toPoint() - dragOffset_);
+        event->accept();
+        return;
+    }
+    QDialog::mouseMoveEvent(event);
+}
+
+void frmMsg::mouseReleaseEvent(QMouseEvent* event)
+{
+    dragging_ = false;
+    QDialog::mouseReleaseEvent(event);
 }
 
 void frmMsg::Form_Deactivate()

@@ -56,6 +56,10 @@ public Q_SLOTS:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
     void Form_Load();
@@ -70,6 +74,14 @@ private:
     QString fixedFontName_;
     std::function<void(int)> playSound_;
     QPointer<QWidget> centreOn_;
+    // Where the mouse went down on the window, while the window follows it.
+    QPoint dragOffset_;
+    bool dragging_ = false;
+
+    // The skinned title bar: the sky band with the title and a close key.
+    QWidget* SkyBand_ = nullptr;
+    QLabel* lblTitle_ = nullptr;
+    QWidget* cmdTitleClose_ = nullptr;
 
     QLabel* lblMsg_ = nullptr;
     QPlainTextEdit* txtMsg_ = nullptr;
