@@ -94,22 +94,6 @@ int Px(double twips, double twipsPerPixel = 15.0)
     return static_cast<int>(std::lround(twips / twipsPerPixel));
 }
 
-std::vector<std::string> CaptionsOf(const MessageLayout& layout)
-{
-    std::vector<std::string> captions;
-    for (const auto& place : layout.buttonPlaces)
-        captions.push_back(place.caption);
-    return captions;
-}
-
-std::vector<int> CodesOf(const MessageLayout& layout)
-{
-    std::vector<int> codes;
-    for (const auto& place : layout.buttonPlaces)
-        codes.push_back(place.code);
-    return codes;
-}
-
 bool Overlap(const PixelRect& a, const PixelRect& b)
 {
     return a.left < b.right() && b.left < a.right() && a.top < b.bottom() && b.top < a.bottom();
@@ -131,25 +115,6 @@ TEST(MessageButtons, StyleBitsChooseTheLayoutInTheirOrder)
     EXPECT_EQ(ButtonLayoutOf(3 + 48 + 512), MessageButtons::YesNoCancel);
     EXPECT_EQ(ButtonLayoutOf(1 + 16 + 256), MessageButtons::OKCancel);
     EXPECT_EQ(ButtonLayoutOf(64 + 256), MessageButtons::OK);
-}
-
-TEST(MessageButtons, CaptionsAndPositionsPerLayout)
-{
-    EXPECT_EQ(CaptionsOf(LayOutMessage(InputFor("x", 0))), std::vector<std::string>{"OK(&O)"});
-    EXPECT_EQ(CodesOf(LayOutMessage(InputFor("x", 0))), std::vector<int>{cmd23});
-    EXPECT_EQ(CaptionsOf(LayOutMessage(InputFor("x", 1))),
-              (std::vector<std::string>{"OK(&O)", "Cancel(&C)"}));
-    EXPECT_EQ(CodesOf(LayOutMessage(InputFor("x", 1))), (std::vector<int>{cmd12, cmd22}));
-    EXPECT_EQ(CaptionsOf(LayOutMessage(InputFor("x", 5))),
-              (std::vector<std::string>{"Yes(&Y)", "No(&N)"}));
-    EXPECT_EQ(CaptionsOf(LayOutMessage(InputFor("x", 3))),
-              (std::vector<std::string>{"Yes(&Y)", "No(&N)", "Cancel(&C)"}));
-    EXPECT_EQ(CodesOf(LayOutMessage(InputFor("x", 3))), (std::vector<int>{cmd13, cmd23, cmd33}));
-
-    // Buttons the layout hides have no caption.
-    EXPECT_EQ(ButtonCaption(MessageButtons::OK, cmd12), "");
-    EXPECT_EQ(ButtonCaption(MessageButtons::YesNo, cmd33), "");
-    EXPECT_EQ(ButtonCaption(MessageButtons::YesNoCancel, cmd22), "");
 }
 
 TEST(MessageIcon, StyleBitsChooseTheIconInTheirOrder)

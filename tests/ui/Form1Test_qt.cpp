@@ -569,14 +569,6 @@ private Q_SLOTS:
                  true);
     }
 
-    void theBackupCommandsStayHiddenWhileBackupOriginalsIsOff()
-    {
-        Library library(true);
-        const auto window = library.open();
-        for (const char* name : {"cmdBackUp", "cmdToOrg"})
-            QVERIFY2(!Shown(*window, name), name);
-    }
-
     void backupReBackupAndRestoreWorkFromTheWindow()
     {
         Library library(true);

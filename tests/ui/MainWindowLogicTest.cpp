@@ -227,20 +227,6 @@ TEST(Modes, SituationModeAndTheHiddenPickHideEverySkyList)
     EXPECT_EQ(Of(HiddenPickControls(false).enabled, "cmdBackUp"), false);
 }
 
-TEST(TrailSwitch, ShownUnderTheSetListForAnOptionSetWithFiles)
-{
-    MainWindowState state;
-    TrailSwitch trail = TrailSwitchFor(state, "Bright halo", true);
-    EXPECT_TRUE(trail.visible);
-    EXPECT_EQ(trail.caption, "Bright halo");
-    EXPECT_FALSE(TrailSwitchFor(state, "Empty", false).visible);
-    state.ShowSkyFiles = true;
-    EXPECT_FALSE(TrailSwitchFor(state, "Bright halo", true).visible);
-    state.ShowSkyFiles = false;
-    state.HideSetName = true;
-    EXPECT_FALSE(TrailSwitchFor(state, "Bright halo", true).visible);
-}
-
 TEST(StatusLine, AHiddenPickNeverShowsTheSetName)
 {
     MainWindowState state;
