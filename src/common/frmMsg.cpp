@@ -244,7 +244,7 @@ frmMsg::frmMsg(QWidget* parent)
     // The main window's skin: its panel, palette and keys, and a sky band as the title bar, so
     // that a message reads as part of the same program.
     setPalette(skin::PanelPalette());
-    setStyleSheet(skin::PanelStyleSheet());
+    setStyleSheet(skin::MessageStyleSheet());
     // A message box never ends the program, even when it is the last window closed.
     setAttribute(Qt::WA_QuitOnClose, false);
     setModal(false);

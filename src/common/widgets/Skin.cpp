@@ -190,23 +190,29 @@ QString PanelStyleSheet()
         "QMenu::item:disabled { color: #65707e; background: transparent; }"
         "QMenu::separator { height: 1px; background: #2f3a48; margin: 4px 8px; }"
         "QToolTip { background: #1b222c; color: #e4ebf3; border: 1px solid #3d8be0;"
-        "  padding: 3px; }"
-        // Plain push buttons (the message box's) as panel keys; the default one in sky blue.
-        "QPushButton { background: qlineargradient(x1:0, y1:0, x2:0, y2:1, stop:0 #3a4656,"
-        "  stop:1 #27303c); color: #e4ebf3; border: 1px solid #05080b; border-radius: 5px;"
-        "  padding: 3px 10px; }"
-        "QPushButton:hover { border-color: #3d8be0; background: qlineargradient(x1:0, y1:0,"
-        "  x2:0, y2:1, stop:0 #44526a, stop:1 #2c3644); }"
-        "QPushButton:default { background: qlineargradient(x1:0, y1:0, x2:0, y2:1,"
-        "  stop:0 #3f8cdc, stop:1 #2461a6); color: #ffffff; }"
-        "QPushButton:default:hover { border-color: #9fd0ff; }"
-        "QPushButton:pressed { background: #222a35; }"
-        "QPushButton:default:pressed { background: #1f5390; }"
-        "QPushButton:focus { border-color: #9fd0ff; }"
-        "QPushButton:disabled { color: #65707e; background: #262d36; }"
-        // The scrolling text of a long message, sunk into the panel like the lists.
-        "QPlainTextEdit { background: #10161e; color: #e4ebf3; border: 1px solid #05080b;"
-        "  border-radius: 4px; padding: 2px; selection-background-color: #2f74c0; }");
+        "  padding: 3px; }");
+}
+
+QString MessageStyleSheet()
+{
+    return PanelStyleSheet() +
+           QStringLiteral(
+               // Plain push buttons as panel keys; the default one in sky blue.
+               "QPushButton { background: qlineargradient(x1:0, y1:0, x2:0, y2:1, stop:0 #3a4656,"
+               "  stop:1 #27303c); color: #e4ebf3; border: 1px solid #05080b; border-radius: 5px;"
+               "  padding: 3px 10px; }"
+               "QPushButton:hover { border-color: #3d8be0; background: qlineargradient(x1:0, y1:0,"
+               "  x2:0, y2:1, stop:0 #44526a, stop:1 #2c3644); }"
+               "QPushButton:default { background: qlineargradient(x1:0, y1:0, x2:0, y2:1,"
+               "  stop:0 #3f8cdc, stop:1 #2461a6); color: #ffffff; }"
+               "QPushButton:default:hover { border-color: #9fd0ff; }"
+               "QPushButton:pressed { background: #222a35; }"
+               "QPushButton:default:pressed { background: #1f5390; }"
+               "QPushButton:focus { border-color: #9fd0ff; }"
+               "QPushButton:disabled { color: #65707e; background: #262d36; }"
+               // The scrolling text of a long message, sunk into the panel like the lists.
+               "QPlainTextEdit { background: #10161e; color: #e4ebf3; border: 1px solid #05080b;"
+               "  border-radius: 4px; padding: 2px; selection-background-color: #2f74c0; }");
 }
 
 void PaintPanel(QPainter& painter, const QRectF& rect)

@@ -28,6 +28,9 @@ QColor ReadoutGreen();
 QPalette PanelPalette();
 // Lists, menus and scroll bars, which the palette alone leaves too light.
 QString PanelStyleSheet();
+// The same for the message box, with its push buttons and scrolling text. Kept apart because
+// every rule costs the main window time at start-up, and it has neither.
+QString MessageStyleSheet();
 
 // The window body: a brushed dark panel with a bevelled edge.
 void PaintPanel(QPainter& painter, const QRectF& rect);
