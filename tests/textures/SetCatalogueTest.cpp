@@ -69,6 +69,26 @@ TEST(SetFiles, InstallableFilesByTheirLastThreeCharacters)
     EXPECT_EQ(PreviewPictureOf(Set({"a.bmp"})), "");
 }
 
+TEST(SetFiles, NamesWindowsCannotOpenAreLeftOutWithTheReason)
+{
+    const SetFolderFiles set = SetFolderFilesOf(
+        {"cld01.bmp", "PRN.cld", "nul .bmp", "a:b.bmp", "sky?.bmp", "tab\t.xml", "Com1.bmp", "lpt9",
+         "clouds.", "cld02.bmp ", "CONSOLE.bmp", "COM10.bmp", "my.con.bmp"});
+    EXPECT_EQ(ListSetFiles(set), (TextList{"cld01.bmp", "CONSOLE.bmp", "COM10.bmp", "my.con.bmp"}));
+    TextList refused;
+    for (const RefusedFile& file : set.refused)
+        refused.push_back(file.name);
+    EXPECT_EQ(refused, (TextList{"PRN.cld", "nul .bmp", "a:b.bmp", "sky?.bmp", "tab\t.xml",
+                                 "Com1.bmp", "lpt9", "clouds.", "cld02.bmp "}));
+    EXPECT_EQ(set.refused[0].reason, "PRN is a device name on Windows");
+    EXPECT_EQ(set.refused[2].reason, "its name holds \":\", which Windows does not allow");
+    EXPECT_EQ(set.refused[4].reason,
+              "its name holds a control character, which Windows does not allow");
+    EXPECT_EQ(set.refused[7].reason, "its name ends in a dot or a blank, which Windows drops");
+    // A refused bitmap does not make the set's type either.
+    EXPECT_EQ(DataTypeOf(SetFolderFilesOf({"cldcn?.bmp", "sky_1.bmp"})), "Sky Color");
+}
+
 class CatalogueOnDisk : public ::testing::Test {
 protected:
     test::TempFolder temp;
