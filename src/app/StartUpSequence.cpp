@@ -26,10 +26,11 @@ void BackUpSunEffectOnce(Services& services, const ProgramPaths& paths)
         services.files.copyFile(original, backup);
 }
 
-// What is wrong with a cloud.ini of this kind; "" when it is a file that can be used.
-std::string IniFileProblem(PathKind kind)
+} // namespace
+
+std::string IniFileProblem(FileOperations& files, const std::string& file)
 {
-    switch (kind) {
+    switch (files.kindOf(file)) {
     case PathKind::File:
     case PathKind::Missing: // gone this very moment: the reader reports it
         return {};
@@ -43,8 +44,6 @@ std::string IniFileProblem(PathKind kind)
     return "Cloud.ini in this application folder is not a plain file (a named pipe, a device "
            "or a socket), so it cannot be read.";
 }
-
-} // namespace
 
 bool IsSmallFontScreen(int logicalDpiY)
 {
@@ -62,7 +61,7 @@ StartUpOutcome CheckIniFile(Services& services, ProgramState& state)
     }
     // Only a file (or a link to one) can be read and replaced; reading a named pipe would wait
     // for ever, and writing through a dangling link would make up a file where it points.
-    if (const std::string problem = IniFileProblem(services.files.kindOf(file)); !problem.empty()) {
+    if (const std::string problem = IniFileProblem(services.files, file); !problem.empty()) {
         services.messages.ShowMessage(problem + "\n" + file,
                                       MessageStyle::OKOnly | MessageStyle::Critical, "No ini File");
         return StartUpOutcome::EndProgram;
