@@ -372,44 +372,9 @@ public:
         return true;
     }
 
-    bool deleteFile(const std::string& path) override
-    {
-        const std::string actual = resolve(path);
-        struct stat st {};
-        if (::lstat(actual.c_str(), &st) != 0 || S_ISDIR(st.st_mode))
-            return false;
-        if (!S_ISLNK(st.st_mode) && IsReadOnly(st))
-            return false;
-        const FileTime before = folderStampOf(actual);
-        if (::unlink(actual.c_str()) != 0)
-            return false;
-        noteOwnChange(actual, false, false, before);
-        return true;
-    }
+    bool deleteFile(const std::string& path) override { return deleteResolved(resolve(path)); }
 
-    bool deleteTree(const std::string& path) override
-    {
-        const std::string actual = resolve(path);
-        struct stat st {};
-        if (::lstat(actual.c_str(), &st) != 0)
-            return false;
-        if (!S_ISDIR(st.st_mode))
-            return deleteFile(actual);
-        std::vector<DirectoryEntry> entries;
-        if (!ReadFolder(actual, entries))
-            return false;
-        for (const DirectoryEntry& entry : entries) {
-            const std::string child = Join(actual, entry.name);
-            struct stat childStat {};
-            const bool isRealFolder =
-                ::lstat(child.c_str(), &childStat) == 0 && S_ISDIR(childStat.st_mode);
-            if (!(isRealFolder ? deleteTree(child) : deleteFile(child)))
-                return false;
-        }
-        forgetFolderOf(actual);
-        indexes_.erase(actual);
-        return ::rmdir(actual.c_str()) == 0;
-    }
+    bool deleteTree(const std::string& path) override { return deleteTreeResolved(resolve(path)); }
 
     bool createFolders(const std::string& path) override
     {
@@ -641,6 +606,40 @@ private:
                 index.hasCaseVariants;
         }
         return &index;
+    }
+
+    // The entries below a resolved folder are named as listed: a name Windows would read
+    // otherwise ("notes.", "a\b") is still the name of that entry.
+    bool deleteResolved(const std::string& actual)
+    {
+        struct stat st {};
+        if (::lstat(actual.c_str(), &st) != 0 || S_ISDIR(st.st_mode))
+            return false;
+        if (!S_ISLNK(st.st_mode) && IsReadOnly(st))
+            return false;
+        const FileTime before = folderStampOf(actual);
+        if (::unlink(actual.c_str()) != 0)
+            return false;
+        noteOwnChange(actual, false, false, before);
+        return true;
+    }
+
+    bool deleteTreeResolved(const std::string& actual)
+    {
+        struct stat st {};
+        if (::lstat(actual.c_str(), &st) != 0)
+            return false;
+        if (!S_ISDIR(st.st_mode))
+            return deleteResolved(actual);
+        std::vector<DirectoryEntry> entries;
+        if (!ReadFolder(actual, entries))
+            return false;
+        for (const DirectoryEntry& entry : entries)
+            if (!deleteTreeResolved(Join(actual, entry.name)))
+                return false;
+        forgetFolderOf(actual);
+        indexes_.erase(actual);
+        return ::rmdir(actual.c_str()) == 0;
     }
 
     // Copies between paths already resolved; the copy keeps the source's time stamp and

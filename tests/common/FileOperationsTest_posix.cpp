@@ -163,6 +163,14 @@ TEST_F(PosixFileOperationsTest, DotDotIsTextAsOnWindowsAlsoAfterALink)
         "OK");
 }
 
+TEST_F(PosixFileOperationsTest, ATreeGoesWithNamesOnlyLinuxCanHold)
+{
+    temp.write("old/notes. ");
+    temp.write("old/a\\b.bmp");
+    EXPECT_TRUE(files->deleteTree(temp / "old"));
+    EXPECT_EQ(files->kindOf(temp / "old"), PathKind::Missing);
+}
+
 TEST_F(PosixFileOperationsTest, ASimulatorFileThatIsALinkIsReplacedAndWhatItPointsToIsKept)
 {
     // The simulator's originals may be shared with another prefix through links.
