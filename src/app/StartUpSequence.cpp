@@ -5,10 +5,12 @@
 #include "common/FileOperations.h"
 #include "common/MessageService.h"
 #include "common/PathText.h"
+#include "common/ReplaceFile.h"
 #include "common/ResultText.h"
 #include "common/Services.h"
 #include "config/GetSystemFolders.h"
 #include "config/SystemFolders.h"
+#include "textures/Install.h"
 
 namespace vellumar {
 
@@ -26,6 +28,23 @@ void BackUpSunEffectOnce(Services& services, const ProgramPaths& paths)
 
 } // namespace
 
+std::string IniFileProblem(FileOperations& files, const std::string& file)
+{
+    switch (files.kindOf(file)) {
+    case PathKind::File:
+    case PathKind::Missing: // gone this very moment: the reader reports it
+        return {};
+    case PathKind::DanglingLink:
+        return "Cloud.ini in this application folder is a link to a file that does not exist.";
+    case PathKind::Folder:
+        return "Cloud.ini in this application folder is a folder, not a file.";
+    case PathKind::Other:
+        break;
+    }
+    return "Cloud.ini in this application folder is not a plain file (a named pipe, a device "
+           "or a socket), so it cannot be read.";
+}
+
 bool IsSmallFontScreen(int logicalDpiY)
 {
     return logicalDpiY == 96;
@@ -40,6 +59,18 @@ StartUpOutcome CheckIniFile(Services& services, ProgramState& state)
                                       MessageStyle::OKOnly | MessageStyle::Critical, "No ini File");
         return StartUpOutcome::EndProgram;
     }
+    // Only a file (or a link to one) can be read and replaced; reading a named pipe would wait
+    // for ever, and writing through a dangling link would make up a file where it points.
+    if (const std::string problem = IniFileProblem(services.files, file); !problem.empty()) {
+        services.messages.ShowMessage(problem + "\n" + file,
+                                      MessageStyle::OKOnly | MessageStyle::Critical, "No ini File");
+        return StartUpOutcome::EndProgram;
+    }
+    // A write of cloud.ini killed half way left its temporary file beside the file it replaces.
+    RemoveLeftoverTemporaries(services.files, state.paths.ProgramPath);
+    if (const std::string target = services.files.finalPath(file);
+        target != services.files.resolve(file))
+        RemoveLeftoverTemporaries(services.files, FolderOfPath(target));
     state.ini = std::make_unique<CloudIniFile>(services.files, services.messages, file);
     bool attributeChanged = true;
     if (const auto attributes = services.files.attributes(file);
@@ -87,6 +118,7 @@ StartUpOutcome RunStartUpSequence(Services& services, const ScreenFacts& screen,
         return StartUpOutcome::EndProgram;
 
     BackUpSunEffectOnce(services, state.paths);
+    RemoveInstallLeftovers(services.files, TextureFoldersOf(state.paths));
     return StartUpOutcome::Continue;
 }
 

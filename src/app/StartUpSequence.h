@@ -9,6 +9,7 @@
 
 namespace vellumar {
 
+class FileOperations;
 struct Services;
 
 // Everything the start-up finds out, kept for the whole run.
@@ -34,6 +35,10 @@ StartUpOutcome RunStartUpSequence(Services& services, const ScreenFacts& screen,
 
 // True when the screen runs at 96 logical pixels per inch, the small-fonts setting.
 bool IsSmallFontScreen(int logicalDpiY);
+
+// What keeps `file` from being used as cloud.ini although it is there (a dangling link, a
+// folder, a named pipe); "" when it is a file, or a link to one. The start-up ends with it.
+std::string IniFileProblem(FileOperations& files, const std::string& file);
 
 // Makes cloud.ini writable and records its time stamp; EndProgram when it is missing.
 StartUpOutcome CheckIniFile(Services& services, ProgramState& state);

@@ -79,9 +79,13 @@ public:
         const TextureSetEntry* found = set(name);
         if (!found)
             return CliExit::Failed;
-        for (const std::string& file :
-             ListSetFiles(ScanSetFolder(services_.files, services_.events, found->folder)))
+        const SetFolderFiles scanned =
+            ScanSetFolder(services_.files, services_.events, found->folder);
+        for (const std::string& file : ListSetFiles(scanned))
             out_ << file << '\n';
+        for (const RefusedFile& refused : scanned.refused)
+            err_ << "vellumar-cli: note: \"" << refused.name
+                 << "\" is not offered: " << refused.reason << '\n';
         return CliExit::Success;
     }
 

@@ -23,6 +23,15 @@ struct DirectoryEntry {
     bool isDirectory = false;
 };
 
+// What a path names, a symbolic link taken as what it points to.
+enum class PathKind {
+    Missing,
+    File, // a regular file
+    Folder,
+    DanglingLink, // a link whose target does not exist
+    Other,        // a named pipe, a device, a socket: nothing to read or replace
+};
+
 // Nanoseconds since the Unix epoch; precise enough to notice any edit of a file.
 using FileTime = std::int64_t;
 
@@ -42,6 +51,12 @@ public:
     // includes "." and "..". Returns false when the folder cannot be searched.
     virtual bool search(const std::string& pattern, const EntryVisitor& visit) = 0;
 
+    // What the path names; a link counts as its target.
+    virtual PathKind kindOf(const std::string& path) = 0;
+    // The file a symbolic link (or a chain of them) ends at; any other path, and a dangling
+    // link whose target the system does not tell, comes back as `resolve` gives it.
+    virtual std::string finalPath(const std::string& path) = 0;
+
     // FileAttribute bits of an existing file or folder; nothing when it does not exist.
     virtual std::optional<std::uint32_t> attributes(const std::string& path) = 0;
     // Only the read-only bit is honoured where the platform has no other attributes.
@@ -59,7 +74,9 @@ public:
     // Renames a file or folder; fails when the target exists.
     virtual bool moveFile(const std::string& source, const std::string& target) = 0;
     // Renames `source` over `target` in one step, so that `target` is never missing: it holds
-    // either its old or its new content. A read-only target is refused.
+    // either its old or its new content. A read-only target is refused, and so is a target
+    // beside a read-only file of the same name in another letter case, which the rename would
+    // otherwise have to delete. A target that is a link is replaced, not written through.
     virtual bool renameOver(const std::string& source, const std::string& target) = 0;
     // Deletes a file; a read-only file is refused, also for a privileged user.
     virtual bool deleteFile(const std::string& path) = 0;
@@ -68,15 +85,20 @@ public:
     // Creates every missing folder along the path.
     virtual bool createFolders(const std::string& path) = 0;
 
+    // The bytes of a regular file; nothing for anything else (a named pipe would never end).
     virtual std::optional<std::string> readFile(const std::string& path) = 0;
     // Replaces (or creates) a file with the given bytes so that a reader sees either the old
     // or the new content, never a mixture: a temporary file in the same folder is written,
-    // flushed and renamed over the original. A read-only original is refused.
+    // flushed and renamed over the original. A read-only original is refused, and so is
+    // anything but a regular file. A symbolic link is followed: its target, in the target's
+    // folder, is what gets replaced, so the link keeps working; a dangling link is refused.
     virtual bool replaceFile(const std::string& path, const std::string& contents) = 0;
 
     // The path as the system finds it, with native separators. Where names are case sensitive
     // each component takes the letter case of the entry found; where the system ignores case
-    // the spelling may stay as given. Components that do not exist are kept as given.
+    // the spelling may stay as given. Components that do not exist are kept as given. As on
+    // Windows, ".." takes away the name before it as text (also when that name is a link), and
+    // a name's trailing dots and blanks do not count.
     virtual std::string resolve(const std::string& path) = 0;
 };
 

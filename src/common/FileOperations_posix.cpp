@@ -4,6 +4,7 @@
 
 #include "common/FileOperations.h"
 #include "common/PathText.h"
+#include "common/ReplaceFile.h"
 #include "common/TextCompare.h"
 #include "common/WildcardMatch.h"
 
@@ -24,19 +25,50 @@ namespace vellumar {
 
 namespace {
 
+// A name as Windows reads it: trailing dots and blanks are dropped ("Summer haze." finds
+// "Summer haze").
+std::string_view WithoutTrailingDotsAndBlanks(std::string_view name)
+{
+    while (!name.empty() && (name.back() == '.' || name.back() == ' '))
+        name.remove_suffix(1);
+    return name;
+}
+
+// The path with "/" separators, taken apart and put together as Windows does it before it
+// looks at the disk: "." goes, ".." takes away the name before it (as text, so a link is not
+// followed back out of), and each name drops its trailing dots and blanks.
 std::string NativeSeparators(std::string_view path)
 {
-    std::string native;
-    native.reserve(path.size());
-    for (char c : path) {
-        if (c == '\\')
-            c = '/';
-        if (c == '/' && !native.empty() && native.back() == '/')
+    const bool absolute = !path.empty() && (path.front() == '/' || path.front() == '\\');
+    std::vector<std::string_view> names;
+    std::size_t start = 0;
+    while (start <= path.size()) {
+        std::size_t end = path.find_first_of("/\\", start);
+        if (end == std::string_view::npos)
+            end = path.size();
+        const std::string_view name = path.substr(start, end - start);
+        start = end + 1;
+        if (name.empty() || name == ".")
             continue;
-        native.push_back(c);
+        if (name == "..") {
+            if (!names.empty() && names.back() != "..")
+                names.pop_back();
+            else if (!absolute)
+                names.push_back(name); // above where a relative path starts: kept
+            continue;
+        }
+        // A name of dots or blanks alone stays as it is.
+        const std::string_view trimmed = WithoutTrailingDotsAndBlanks(name);
+        names.push_back(trimmed.empty() ? name : trimmed);
     }
-    if (native.size() > 1 && native.back() == '/')
-        native.pop_back();
+    std::string native = absolute ? "/" : "";
+    for (const std::string_view name : names) {
+        if (!native.empty() && native.back() != '/')
+            native.push_back('/');
+        native.append(name);
+    }
+    if (native.empty() && !path.empty())
+        native = ".";
     return native;
 }
 
@@ -112,6 +144,28 @@ bool ReadFolder(const std::string& folder, std::vector<DirectoryEntry>& entries)
     return true;
 }
 
+// Opens a regular file for reading; anything else fails at once. Opening a named pipe plainly
+// would wait for a writer that may never come.
+int OpenForReading(const std::string& path)
+{
+    const int fd = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (fd < 0)
+        return -1;
+    struct stat st {};
+    if (::fstat(fd, &st) != 0 || !S_ISREG(st.st_mode)) {
+        ::close(fd);
+        return -1;
+    }
+    return fd;
+}
+
+PathKind KindOf(const struct stat& st)
+{
+    if (S_ISREG(st.st_mode))
+        return PathKind::File;
+    return S_ISDIR(st.st_mode) ? PathKind::Folder : PathKind::Other;
+}
+
 bool WriteAll(int fd, const char* data, std::size_t size)
 {
     while (size > 0) {
@@ -140,7 +194,15 @@ class PosixFileOperations final : public FileOperations {
 public:
     bool search(const std::string& pattern, const EntryVisitor& visit) override
     {
-        const auto [folderPart, name] = SplitLast(NativeSeparators(pattern));
+        // The pattern's last name is matched as given ("*." means something of its own); only
+        // the folder is read the Windows way.
+        const std::size_t slash = pattern.find_last_of("/\\");
+        std::string name = pattern.substr(slash == std::string::npos ? 0 : slash + 1);
+        const std::string folderPart = slash == std::string::npos ? "."
+                                       : slash == 0               ? "/"
+                                                    : NativeSeparators(pattern.substr(0, slash));
+        if (!HasWildcards(name) && name != "." && name != "..")
+            name = std::string(WithoutTrailingDotsAndBlanks(name));
         if (name.empty())
             return false;
         std::string folder;
@@ -170,6 +232,37 @@ public:
             if (WildcardMatch(name, entry.name) && !visit(entry))
                 break;
         return true;
+    }
+
+    PathKind kindOf(const std::string& path) override
+    {
+        const std::string actual = resolve(path);
+        struct stat st {};
+        if (::lstat(actual.c_str(), &st) != 0)
+            return PathKind::Missing;
+        if (!S_ISLNK(st.st_mode))
+            return KindOf(st);
+        return ::stat(actual.c_str(), &st) == 0 ? KindOf(st) : PathKind::DanglingLink;
+    }
+
+    std::string finalPath(const std::string& path) override
+    {
+        std::string current = resolve(path);
+        // A chain longer than the system itself follows is a loop.
+        for (int link = 0; link < 40; ++link) {
+            struct stat st {};
+            if (::lstat(current.c_str(), &st) != 0 || !S_ISLNK(st.st_mode))
+                return current;
+            std::string target(static_cast<std::size_t>(st.st_size > 0 ? st.st_size : 4096), '\0');
+            const ssize_t length = ::readlink(current.c_str(), target.data(), target.size());
+            if (length <= 0)
+                return current;
+            target.resize(static_cast<std::size_t>(length));
+            // A relative target is relative to the link's folder; the system reads its ".."
+            // on the disk, and so does this.
+            current = target.front() == '/' ? target : Join(SplitLast(current).first, target);
+        }
+        return current;
     }
 
     std::optional<std::uint32_t> attributes(const std::string& path) override
@@ -263,6 +356,9 @@ public:
         if (::lstat(to.c_str(), &st) == 0 && (S_ISDIR(st.st_mode) || IsReadOnly(st)))
             return false;
         const bool variants = mayHaveCaseVariants(to);
+        // The variants go after the rename, and a read-only file is never deleted.
+        if (variants && hasReadOnlyCaseVariant(to))
+            return false;
         const RenameStamps before = renameStampsOf(from, to);
         // No flush of the folder: the rename itself is what keeps the target whole, and an
         // install renames hundreds of files.
@@ -276,44 +372,9 @@ public:
         return true;
     }
 
-    bool deleteFile(const std::string& path) override
-    {
-        const std::string actual = resolve(path);
-        struct stat st {};
-        if (::lstat(actual.c_str(), &st) != 0 || S_ISDIR(st.st_mode))
-            return false;
-        if (!S_ISLNK(st.st_mode) && IsReadOnly(st))
-            return false;
-        const FileTime before = folderStampOf(actual);
-        if (::unlink(actual.c_str()) != 0)
-            return false;
-        noteOwnChange(actual, false, false, before);
-        return true;
-    }
+    bool deleteFile(const std::string& path) override { return deleteResolved(resolve(path)); }
 
-    bool deleteTree(const std::string& path) override
-    {
-        const std::string actual = resolve(path);
-        struct stat st {};
-        if (::lstat(actual.c_str(), &st) != 0)
-            return false;
-        if (!S_ISDIR(st.st_mode))
-            return deleteFile(actual);
-        std::vector<DirectoryEntry> entries;
-        if (!ReadFolder(actual, entries))
-            return false;
-        for (const DirectoryEntry& entry : entries) {
-            const std::string child = Join(actual, entry.name);
-            struct stat childStat {};
-            const bool isRealFolder =
-                ::lstat(child.c_str(), &childStat) == 0 && S_ISDIR(childStat.st_mode);
-            if (!(isRealFolder ? deleteTree(child) : deleteFile(child)))
-                return false;
-        }
-        forgetFolderOf(actual);
-        indexes_.erase(actual);
-        return ::rmdir(actual.c_str()) == 0;
-    }
+    bool deleteTree(const std::string& path) override { return deleteTreeResolved(resolve(path)); }
 
     bool createFolders(const std::string& path) override
     {
@@ -339,12 +400,12 @@ public:
 
     std::optional<std::string> readFile(const std::string& path) override
     {
-        const int fd = ::open(resolve(path).c_str(), O_RDONLY | O_CLOEXEC);
+        const int fd = OpenForReading(resolve(path));
         if (fd < 0)
             return std::nullopt;
         std::string contents;
         struct stat st {};
-        if (::fstat(fd, &st) == 0 && S_ISREG(st.st_mode))
+        if (::fstat(fd, &st) == 0)
             contents.reserve(static_cast<std::size_t>(st.st_size));
         char buffer[65536];
         for (;;) {
@@ -365,17 +426,27 @@ public:
 
     bool replaceFile(const std::string& path, const std::string& contents) override
     {
-        const std::string actual = resolve(path);
+        // A link (cloud.ini kept elsewhere, say) keeps working: its target is replaced, in the
+        // target's own folder, since a rename cannot cross to another disk.
+        const std::string linkOrFile = resolve(path);
+        const std::string actual = finalPath(linkOrFile);
         struct stat st {};
         mode_t mode = 0666 & ~currentUmask();
-        if (::stat(actual.c_str(), &st) == 0) {
+        if (::lstat(actual.c_str(), &st) == 0) {
             if (!S_ISREG(st.st_mode) || IsReadOnly(st))
                 return false;
             mode = st.st_mode & 07777;
+        } else if (actual != linkOrFile) {
+            return false; // a dangling link: making its target up is not ours to do
         }
-        const auto [folder, name] = SplitLast(actual);
-        std::string temporary = Join(folder, "." + name + ".XXXXXX");
-        const int fd = ::mkstemp(temporary.data());
+        std::string temporary;
+        int fd = -1;
+        for (int attempt = 0; attempt < 100 && fd < 0; ++attempt) {
+            temporary = TemporarySiblingName(actual);
+            fd = ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+            if (fd < 0 && errno != EEXIST)
+                return false;
+        }
         if (fd < 0)
             return false;
         bool ok = WriteAll(fd, contents.data(), contents.size());
@@ -537,15 +608,49 @@ private:
         return &index;
     }
 
+    // The entries below a resolved folder are named as listed: a name Windows would read
+    // otherwise ("notes.", "a\b") is still the name of that entry.
+    bool deleteResolved(const std::string& actual)
+    {
+        struct stat st {};
+        if (::lstat(actual.c_str(), &st) != 0 || S_ISDIR(st.st_mode))
+            return false;
+        if (!S_ISLNK(st.st_mode) && IsReadOnly(st))
+            return false;
+        const FileTime before = folderStampOf(actual);
+        if (::unlink(actual.c_str()) != 0)
+            return false;
+        noteOwnChange(actual, false, false, before);
+        return true;
+    }
+
+    bool deleteTreeResolved(const std::string& actual)
+    {
+        struct stat st {};
+        if (::lstat(actual.c_str(), &st) != 0)
+            return false;
+        if (!S_ISDIR(st.st_mode))
+            return deleteResolved(actual);
+        std::vector<DirectoryEntry> entries;
+        if (!ReadFolder(actual, entries))
+            return false;
+        for (const DirectoryEntry& entry : entries)
+            if (!deleteTreeResolved(Join(actual, entry.name)))
+                return false;
+        forgetFolderOf(actual);
+        indexes_.erase(actual);
+        return ::rmdir(actual.c_str()) == 0;
+    }
+
     // Copies between paths already resolved; the copy keeps the source's time stamp and
     // read-only state, as a Windows copy does.
     bool copyResolved(const std::string& from, const std::string& to)
     {
-        const int in = ::open(from.c_str(), O_RDONLY | O_CLOEXEC);
+        const int in = OpenForReading(from);
         if (in < 0)
             return false;
         struct stat st {};
-        if (::fstat(in, &st) != 0 || !S_ISREG(st.st_mode)) {
+        if (::fstat(in, &st) != 0) {
             ::close(in);
             return false;
         }
@@ -668,6 +773,22 @@ private:
             return true;
         const auto found = index->byLowerName.find(ToLowerAscii(name));
         return found != index->byLowerName.end() && found->second.name != name;
+    }
+
+    static bool hasReadOnlyCaseVariant(const std::string& target)
+    {
+        const auto [folder, name] = SplitLast(target);
+        std::vector<DirectoryEntry> entries;
+        if (!ReadFolder(folder, entries))
+            return false;
+        for (const DirectoryEntry& entry : entries) {
+            struct stat st {};
+            if (!entry.isDirectory && entry.name != name && EqualsIgnoreCase(entry.name, name) &&
+                ::lstat(Join(folder, entry.name).c_str(), &st) == 0 && !S_ISLNK(st.st_mode) &&
+                IsReadOnly(st))
+                return true;
+        }
+        return false;
     }
 
     void removeCaseVariants(const std::string& target)

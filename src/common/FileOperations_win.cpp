@@ -2,12 +2,12 @@
 // that letter case, wildcards, attributes and sharing behave exactly as the simulator sees them.
 
 #include "common/FileOperations.h"
+#include "common/ReplaceFile.h"
 #include "common/WideText_win.h"
 
 #include <windows.h>
 
 #include <algorithm>
-#include <atomic>
 #include <string_view>
 #include <vector>
 
@@ -147,15 +147,35 @@ bool WriteAll(HANDLE file, const std::string& contents)
     return true;
 }
 
-// A name beside `target` that no other writer uses: the process id keeps two programs apart,
-// the counter two writers in this one.
+// A name beside `target` that no other writer uses, of the one form every temporary file of
+// the program has (so that a leftover of a killed copy is known for what it is).
 std::wstring TemporarySibling(const std::wstring& target)
 {
-    static std::atomic<unsigned> counter{0};
-    const std::size_t slash = target.rfind(L'\\');
-    const std::wstring folder = slash == std::wstring::npos ? L"" : target.substr(0, slash + 1);
-    return folder + L".vellumar-" + std::to_wstring(GetCurrentProcessId()) + L"-" +
-           std::to_wstring(++counter) + L".tmp";
+    return ToWide(TemporarySiblingName(FromWide(target)));
+}
+
+// The file a link finally points to, without the "\\?\" the system puts in front; "" when
+// the path cannot be opened (a dangling link).
+std::wstring FinalPathOf(const std::wstring& path)
+{
+    Handle file(CreateFileW(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                            nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    if (!file.valid())
+        return {};
+    const DWORD flags = FILE_NAME_NORMALIZED | VOLUME_NAME_DOS;
+    const DWORD needed = GetFinalPathNameByHandleW(file.get(), nullptr, 0, flags);
+    if (needed == 0)
+        return {};
+    std::wstring final(needed, L'\0');
+    const DWORD length = GetFinalPathNameByHandleW(file.get(), final.data(), needed, flags);
+    if (length == 0 || length >= needed)
+        return {};
+    final.resize(length);
+    if (final.starts_with(L"\\\\?\\UNC\\"))
+        return L"\\\\" + final.substr(8);
+    if (final.starts_with(L"\\\\?\\"))
+        return final.substr(4);
+    return final;
 }
 
 bool DeleteTreeNative(const std::wstring& path)
@@ -208,6 +228,33 @@ public:
                 break;
         } while (FindNextFileW(find.get(), &data));
         return true;
+    }
+
+    PathKind kindOf(const std::string& path) override
+    {
+        const std::wstring wide = NativePath(path);
+        DWORD attributes = AttributesOf(wide);
+        if (attributes == INVALID_FILE_ATTRIBUTES)
+            return PathKind::Missing;
+        if (attributes & FILE_ATTRIBUTE_REPARSE_POINT) {
+            const std::wstring final = FinalPathOf(wide);
+            if (final.empty())
+                return PathKind::DanglingLink;
+            attributes = AttributesOf(final);
+        }
+        if (attributes & FILE_ATTRIBUTE_DIRECTORY)
+            return PathKind::Folder;
+        return (attributes & FILE_ATTRIBUTE_DEVICE) ? PathKind::Other : PathKind::File;
+    }
+
+    std::string finalPath(const std::string& path) override
+    {
+        const std::wstring wide = NativePath(path);
+        const DWORD attributes = AttributesOf(wide);
+        if (attributes == INVALID_FILE_ATTRIBUTES || !(attributes & FILE_ATTRIBUTE_REPARSE_POINT))
+            return resolve(path);
+        const std::wstring final = FinalPathOf(wide);
+        return final.empty() ? resolve(path) : FromWide(final);
     }
 
     std::optional<std::uint32_t> attributes(const std::string& path) override
@@ -344,8 +391,15 @@ public:
 
     bool replaceFile(const std::string& path, const std::string& contents) override
     {
-        const std::wstring target = NativePath(path);
-        const DWORD existing = AttributesOf(target);
+        std::wstring target = NativePath(path);
+        DWORD existing = AttributesOf(target);
+        // A link keeps working: the file it points to is what gets replaced, in its own folder.
+        if (existing != INVALID_FILE_ATTRIBUTES && (existing & FILE_ATTRIBUTE_REPARSE_POINT)) {
+            target = FinalPathOf(target);
+            if (target.empty())
+                return false; // a dangling link is left as it is
+            existing = AttributesOf(target);
+        }
         if (existing != INVALID_FILE_ATTRIBUTES &&
             (existing & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)))
             return false;

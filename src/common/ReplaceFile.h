@@ -1,6 +1,11 @@
 #pragma once
 
+#include "common/TextList.h"
+
+#include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace vellumar {
 
@@ -15,9 +20,12 @@ enum class ReplaceResult {
 // Puts a copy of `source` at `target`, replacing whatever is there, without ever leaving
 // `target` missing or half written: the copy goes to a temporary name in the target's folder
 // and is then renamed over the target. On failure the target is as it was and no temporary
-// file remains. A read-only target is refused.
+// file remains. A read-only target is refused, and so is one beside a read-only file that
+// differs from it only in letter case (which Windows would take for the target); `blockedBy`
+// then names the file that stopped it. A target that is a link is replaced by a plain file:
+// whatever the link points to is never written.
 ReplaceResult ReplaceFileWith(FileOperations& files, const std::string& source,
-                              const std::string& target);
+                              const std::string& target, std::string* blockedBy = nullptr);
 
 // The same, as a plain success.
 inline bool ReplaceFileWithCopy(FileOperations& files, const std::string& source,
@@ -26,7 +34,18 @@ inline bool ReplaceFileWithCopy(FileOperations& files, const std::string& source
     return ReplaceFileWith(files, source, target) == ReplaceResult::Replaced;
 }
 
-// The temporary name used next to `target` while it is being replaced.
+// The temporary name used next to `target` while it is being replaced:
+// ".vellumar-<process id>-<number>.tmp" in the target's folder. Every temporary file the
+// program makes has this form, and the process id tells whether its writer still runs.
 std::string TemporarySiblingName(const std::string& target);
+
+// The process id in a bare name of that exact form; nothing for any other name.
+std::optional<std::uint32_t> TemporaryNameOwner(std::string_view name);
+
+// Removes what replacements in `folder` left behind when their program was killed or the
+// power went: files named exactly as above whose process no longer runs. Another running
+// copy of the program (vellumar-cli beside the window, say) keeps the file it is writing.
+// Returns the paths removed.
+TextList RemoveLeftoverTemporaries(FileOperations& files, const std::string& folder);
 
 } // namespace vellumar

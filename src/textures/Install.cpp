@@ -43,11 +43,13 @@ bool ReportInstallError(MessageService& messages, const std::string& detail)
 // One file into the simulator, never leaving the target missing or half written.
 bool PlaceFile(TextureServices& services, const std::string& source, const std::string& target)
 {
-    switch (ReplaceFileWith(services.files, source, target)) {
+    std::string blockedBy;
+    switch (ReplaceFileWith(services.files, source, target, &blockedBy)) {
     case ReplaceResult::Replaced:
         return true;
     case ReplaceResult::TargetLocked:
-        return ReportInstallError(services.messages, "Could not kill the using files.\n" + target);
+        return ReportInstallError(services.messages,
+                                  "Could not kill the using files.\n" + blockedBy);
     case ReplaceResult::CopyFailed:
         break;
     }
@@ -98,11 +100,34 @@ std::string DestinationFolder(const TextureFolders& folders, const std::string& 
     return folders.FsTexturePath;
 }
 
+TextList FoldersInstallsWrite(const TextureFolders& folders)
+{
+    const std::string effects = JoinPath(folders.FsPath, "effects");
+    return {folders.FsPath,
+            JoinPath(JoinPath(folders.FsPath, "weather"), "clouds"),
+            effects,
+            JoinPath(effects, "texture"),
+            folders.FsTexturePath,
+            folders.BackupFolder};
+}
+
+TextList RemoveInstallLeftovers(FileOperations& files, const TextureFolders& folders)
+{
+    TextList removed;
+    for (const std::string& folder : FoldersInstallsWrite(folders))
+        for (std::string& path : RemoveLeftoverTemporaries(files, folder))
+            removed.push_back(std::move(path));
+    return removed;
+}
+
 bool CopySetFilesToSimulator(TextureServices& services, const TextureFolders& folders,
                              const TextList& sources, const TextList& names)
 {
     if (sources.empty())
         return true;
+    // A copy killed half way (the power, kill -9) left its temporary file; a big set's can
+    // run to hundreds of megabytes.
+    RemoveInstallLeftovers(services.files, folders);
     const bool effectsInstall = std::any_of(
         names.begin(), names.end(), [](const std::string& name) { return Ending(name) == ".fx"; });
     CopyProgress progress(services, sources);

@@ -16,10 +16,19 @@ class LastInstalledRecord;
 std::string DestinationFolder(const TextureFolders& folders, const std::string& name,
                               bool effectsInstall);
 
+// The simulator's folders that installs, restores and backups write into (and so where their
+// temporary files may be left behind).
+TextList FoldersInstallsWrite(const TextureFolders& folders);
+// Removes the temporary files that a killed install, restore or backup left in those folders
+// (see RemoveLeftoverTemporaries); returns their paths.
+TextList RemoveInstallLeftovers(FileOperations& files, const TextureFolders& folders);
+
 // Places each file of an installation in the simulator. A target is replaced by a copy under a
 // temporary name that is then swapped in, so a failed copy leaves the simulator's file as it
-// was. Stops at the first failure with the "Install Error" message; files placed before it stay.
-// The window hears of each file before it is copied (see CopyProgress).
+// was. A target that is a link is replaced by a plain file; the file it pointed to (perhaps
+// shared with another simulator) is never written. Leftovers of a killed install go first. Stops at
+// the first failure with the "Install Error" message; files placed before it stay. The window hears
+// of each file before it is copied (see CopyProgress).
 bool CopySetFilesToSimulator(TextureServices& services, const TextureFolders& folders,
                              const TextList& sources, const TextList& names);
 

@@ -1,11 +1,13 @@
 #include "textures/SetCatalogue.h"
 
+#include "common/EventPump.h"
 #include "common/FileHelpers.h"
 #include "common/FileOperations.h"
 #include "common/PathText.h"
 #include "common/ResultText.h"
 #include "common/TextCompare.h"
 #include "common/WildcardMatch.h"
+#include "common/WindowsNames.h"
 
 #include <algorithm>
 
@@ -46,15 +48,37 @@ bool AnyMatches(const SetFolderFiles& set, std::string_view pattern)
 
 } // namespace
 
-SetFolderFiles ScanSetFolder(FileOperations& files, EventPump& events, const std::string& folder)
+SetFolderFiles SetFolderFilesOf(const TextList& names)
 {
     SetFolderFiles set;
-    TextList paths;
-    ListFiles(files, events, folder, "*.*", paths);
-    set.names.reserve(paths.size());
-    for (const std::string& path : paths)
-        set.names.push_back(LastPathComponent(path));
+    set.names.reserve(names.size());
+    for (const std::string& name : names) {
+        // Such a file was made on Linux; the simulator under Wine could not open it.
+        if (std::string reason = WhyWindowsRefusesName(name); !reason.empty())
+            set.refused.push_back({name, std::move(reason)});
+        else
+            set.names.push_back(name);
+    }
     return set;
+}
+
+SetFolderFiles ScanSetFolder(FileOperations& files, EventPump& events, const std::string& folder)
+{
+    TextList names;
+    const std::string base = TrimTrailingBackslash(folder);
+    files.search(JoinPath(base, "*.*"), [&](const DirectoryEntry& entry) {
+        events.DoEvents();
+        if (!entry.isDirectory)
+            names.push_back(entry.name);
+        return true;
+    });
+    return SetFolderFilesOf(names);
+}
+
+std::vector<RefusedFile> ListRefusedSetFiles(FileOperations& files, EventPump& events,
+                                             const std::string& folder)
+{
+    return ScanSetFolder(files, events, folder).refused;
 }
 
 std::string DataTypeOf(const SetFolderFiles& set)

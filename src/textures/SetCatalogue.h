@@ -4,19 +4,33 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vellumar {
 
 class EventPump;
 class FileOperations;
 
+// A file of a set folder that the simulator could not open under Windows, and why.
+struct RefusedFile {
+    std::string name;
+    std::string reason; // e.g. "PRN is a device name on Windows"
+};
+
 // The plain files of one set folder, listed once; every question about the set is answered
-// from this list in memory.
+// from this list in memory. A name Windows cannot hold is never offered nor counted: it is
+// kept apart, with the reason, for a report.
 struct SetFolderFiles {
     TextList names; // bare names, in listing order
+    std::vector<RefusedFile> refused;
 };
 
 SetFolderFiles ScanSetFolder(FileOperations& files, EventPump& events, const std::string& folder);
+// The same from bare names already listed.
+SetFolderFiles SetFolderFilesOf(const TextList& names);
+// The files of a set folder that are left out because Windows cannot hold their names.
+std::vector<RefusedFile> ListRefusedSetFiles(FileOperations& files, EventPump& events,
+                                             const std::string& folder);
 
 // The data type name of a set from its bitmap names: the first row of the table that matches
 // ("Thunder", "Cumulus", "Stratus", "Cirrus", "Sky Color", "Earth", "Sun flare", "Sun",

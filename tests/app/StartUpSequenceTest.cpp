@@ -24,7 +24,12 @@ protected:
 
 TEST_F(StartUpSequenceTest, FromTheSystemFoldersToALoadedLibrary)
 {
+    // Temporary files of a program killed while it wrote (process 0 runs no program).
+    temp.write("Vellumar/.vellumar-0-1.tmp", "half a cloud.ini");
+    temp.write("FS9/texture/.vellumar-0-2.tmp", "half a bitmap");
     ASSERT_EQ(RunStartUpSequence(services, screen, state), StartUpOutcome::Continue);
+    EXPECT_EQ(FileExists(fakes.files, temp / "Vellumar/.vellumar-0-1.tmp"), "Error");
+    EXPECT_EQ(FileExists(fakes.files, temp / "FS9/texture/.vellumar-0-2.tmp"), "Error");
     EXPECT_TRUE(fakes.messages.empty());
     EXPECT_EQ(state.paths.ProgramPath, temp / "Vellumar");
     EXPECT_EQ(state.paths.FsPath, temp / "FS9");

@@ -8,8 +8,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
+#include <csignal>
+#include <filesystem>
+#include <sys/wait.h>
 #include <thread>
+#include <unistd.h>
 
 namespace vellumar {
 namespace {
@@ -141,6 +146,91 @@ TEST_F(PosixFileOperationsTest, MoveFileMayChangeOnlyTheLetterCase)
     EXPECT_TRUE(files->moveFile(temp / "dir/name.bmp", temp / "dir/NAME.BMP"));
     EXPECT_EQ(temp.read("dir/NAME.BMP"), "1");
     EXPECT_FALSE(files->moveFile(temp / "dir/NAME.BMP", temp / "dir/OTHER.bmp"));
+}
+
+TEST_F(PosixFileOperationsTest, DotDotIsTextAsOnWindowsAlsoAfterALink)
+{
+    // The library's cloud sets live elsewhere; "Clouds" only points there.
+    temp.write("elsewhere/library/Summer haze/cld01.bmp");
+    temp.makeFolder("Texture");
+    std::filesystem::create_directory_symlink(temp / "elsewhere/library", temp / "Texture/Clouds");
+    TextList list;
+    ListFiles(*files, events, temp.path() + "\\Texture\\Clouds\\..\\Clouds\\Summer haze", "*.*",
+              list);
+    EXPECT_EQ(list.size(), 1u);
+    EXPECT_EQ(
+        FileExists(*files, temp.path() + "\\Texture\\Clouds\\x\\..\\Summer haze. \\cld01.bmp"),
+        "OK");
+}
+
+TEST_F(PosixFileOperationsTest, ATreeGoesWithNamesOnlyLinuxCanHold)
+{
+    temp.write("old/notes. ");
+    temp.write("old/a\\b.bmp");
+    EXPECT_TRUE(files->deleteTree(temp / "old"));
+    EXPECT_EQ(files->kindOf(temp / "old"), PathKind::Missing);
+}
+
+TEST_F(PosixFileOperationsTest, ASimulatorFileThatIsALinkIsReplacedAndWhatItPointsToIsKept)
+{
+    // The simulator's originals may be shared with another prefix through links.
+    const std::string shared = temp.write("shared/cld01.bmp", "original");
+    temp.makeFolder("texture");
+    std::filesystem::create_symlink(shared, temp / "texture/cld01.bmp");
+    ASSERT_TRUE(ReplaceFileWithCopy(*files, temp.write("set/cld01.bmp", "new"),
+                                    temp / "texture/cld01.bmp"));
+    EXPECT_FALSE(std::filesystem::is_symlink(temp / "texture/cld01.bmp"));
+    EXPECT_EQ(temp.read("texture/cld01.bmp"), "new");
+    EXPECT_EQ(temp.read("shared/cld01.bmp"), "original");
+}
+
+TEST_F(PosixFileOperationsTest, AKilledCopyLeavesItsTemporaryFileAndTheCleanUpTakesOnlyThat)
+{
+    const std::string source = temp.write("set/cld01.bmp", std::string(32 << 20, 'n'));
+    const std::string target = temp.write("texture/cld01.bmp", "original");
+    // A user's files that merely look alike, and the file of a copy still running (this one).
+    temp.write("texture/.vellumar-notes.tmp");
+    temp.write("texture/.vellumar-12-x.tmp");
+    const std::string running =
+        temp.write("texture/.vellumar-" + std::to_string(getpid()) + "-999999.tmp");
+
+    auto leftoverOf = [&](pid_t child) {
+        std::string found;
+        files->search(temp / "texture/*", [&](const DirectoryEntry& entry) {
+            if (TemporaryNameOwner(entry.name) == static_cast<std::uint32_t>(child))
+                found = temp / ("texture/" + entry.name);
+            return found.empty();
+        });
+        return found;
+    };
+    std::string leftover;
+    // The kill may fall between two copies; then another round.
+    for (int round = 0; round < 20 && leftover.empty(); ++round) {
+        const pid_t child = fork();
+        ASSERT_GE(child, 0);
+        if (child == 0) {
+            const auto real = CreatePlatformFileOperations();
+            for (;;)
+                ReplaceFileWithCopy(*real, source, target);
+        }
+        for (int wait = 0; wait < 2000 && leftoverOf(child).empty(); ++wait)
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        kill(child, SIGKILL);
+        waitpid(child, nullptr, 0);
+        leftover = leftoverOf(child);
+    }
+    ASSERT_FALSE(leftover.empty());
+    const auto size = files->fileSize(target);
+    EXPECT_TRUE(size == 8u || size == 32u << 20) << "the target is whole";
+
+    EXPECT_EQ(RemoveLeftoverTemporaries(*files, temp / "texture"), TextList{leftover});
+    TextList left;
+    ListFiles(*files, events, temp / "texture", "*", left);
+    std::sort(left.begin(), left.end());
+    TextList kept{temp / "texture/.vellumar-12-x.tmp", running,
+                  temp / "texture/.vellumar-notes.tmp", target};
+    std::sort(kept.begin(), kept.end());
+    EXPECT_EQ(left, kept);
 }
 
 } // namespace

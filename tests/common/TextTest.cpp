@@ -1,4 +1,3 @@
-#include "common/ResultText.h"
 #include "common/TextCompare.h"
 #include "common/WildcardMatch.h"
 #include "common/cSplit.h"
@@ -7,17 +6,6 @@
 
 namespace vellumar {
 namespace {
-
-TEST(ResultText, ComparesWithoutRegardToCase)
-{
-    EXPECT_TRUE(IsOK("ok"));
-    EXPECT_TRUE(IsOK("OK"));
-    EXPECT_TRUE(IsError("ERROR"));
-    EXPECT_FALSE(IsOK("OK "));
-    EXPECT_FALSE(IsError(""));
-    EXPECT_EQ(ResultText(true), "OK");
-    EXPECT_EQ(ResultText(false), "Error");
-}
 
 TEST(TextCompare, ListingOrderIsThatOfUpperCasedNames)
 {

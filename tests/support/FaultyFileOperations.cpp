@@ -11,6 +11,16 @@ bool FaultyFileOperations::search(const std::string& pattern, const EntryVisitor
     return real_->search(pattern, visit);
 }
 
+PathKind FaultyFileOperations::kindOf(const std::string& path)
+{
+    return real_->kindOf(path);
+}
+
+std::string FaultyFileOperations::finalPath(const std::string& path)
+{
+    return real_->finalPath(path);
+}
+
 std::optional<std::uint32_t> FaultyFileOperations::attributes(const std::string& path)
 {
     return real_->attributes(path);

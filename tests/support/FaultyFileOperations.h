@@ -25,6 +25,8 @@ public:
     int deletes = 0;
 
     bool search(const std::string& pattern, const EntryVisitor& visit) override;
+    PathKind kindOf(const std::string& path) override;
+    std::string finalPath(const std::string& path) override;
     std::optional<std::uint32_t> attributes(const std::string& path) override;
     bool setAttributes(const std::string& path, std::uint32_t attributes) override;
     std::optional<FileTime> modificationTime(const std::string& path) override;

@@ -115,6 +115,9 @@ TEST_F(BackupRestoreTest, RestoreConfirmsAndPutsOnlyBackedUpFilesBack)
     temp.write("BackUp/cld01.bmp", "original");
     temp.write("FS9/texture/cld01.bmp", "installed");
     const TickList ticked = {{"cld01.bmp", true}, {"clouds.cld", true}, {"sky.bmp", true}};
+    fakes.messages.answerNext(MessageResult::Cancel);
+    RestoreOriginals(services, folders, ticked, {});
+    EXPECT_EQ(temp.read("FS9/texture/cld01.bmp"), "installed");
     RestoreOriginals(services, folders, ticked, {});
     EXPECT_EQ(fakes.messages.last().title, "To Original Files");
     EXPECT_EQ(fakes.messages.last().style, 49);
@@ -130,15 +133,6 @@ TEST_F(BackupRestoreTest, RestoreConfirmsAndPutsOnlyBackedUpFilesBack)
     RestoreOriginals(services, folders, {{"cld01.bmp", true}}, {});
     EXPECT_EQ(fakes.messages.last().style, 65);
     EXPECT_EQ(temp.read("FS9/texture/cld01.bmp"), "original");
-}
-
-TEST_F(BackupRestoreTest, CancelRestoresNothing)
-{
-    temp.write("BackUp/cld01.bmp", "original");
-    temp.write("FS9/texture/cld01.bmp", "installed");
-    fakes.messages.answerNext(MessageResult::Cancel);
-    RestoreOriginals(services, folders, {{"cld01.bmp", true}}, {});
-    EXPECT_EQ(temp.read("FS9/texture/cld01.bmp"), "installed");
 }
 
 TEST_F(BackupRestoreTest, AFileThatCannotBePutBackIsNamedAndLeftAsItWas)

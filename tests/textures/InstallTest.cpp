@@ -77,6 +77,10 @@ TEST_F(InstallTest, EachFileGoesWhereTheSimulatorReadsIt)
 {
     const std::string folder =
         set("Clouds/Summer haze", {"clouds.cld", "cumulus01.bmp", "suneffect.cfg", "layer.xml"});
+    // What a killed install left goes first (process 0 runs no program); a user's file stays.
+    temp.write("FS9/texture/.vellumar-0-1.tmp", "half a bitmap");
+    temp.write("FS9/weather/clouds/.vellumar-0-2.tmp", "half a cloud file");
+    temp.write("FS9/texture/.vellumar-notes.tmp", "the user's");
     const auto outcome = InstallTextureSet(
         services, folders,
         request(folder, AllTicked({"clouds.cld", "cumulus01.bmp", "suneffect.cfg", "layer.xml"})),
@@ -89,6 +93,9 @@ TEST_F(InstallTest, EachFileGoesWhereTheSimulatorReadsIt)
     ASSERT_EQ(record.entries().size(), 1u);
     EXPECT_EQ(record.entries()[0].setName, "Summer haze");
     EXPECT_EQ(record.entries()[0].dataType, "Cumulus");
+    EXPECT_EQ(filesUnder("FS9/texture"), (TextList{temp / "FS9/texture/.vellumar-notes.tmp",
+                                                   temp / "FS9/texture/cumulus01.bmp"}));
+    EXPECT_EQ(filesUnder("FS9/weather").size(), 2u);
 }
 
 TEST_F(InstallTest, EachFileIsAnnouncedWithTheBytesBeforeItAndTheWindowStaysAlive)
@@ -213,6 +220,26 @@ TEST_F(InstallTest, AReadOnlyTargetCannotBeKilled)
                   "attribute and not Read only.");
     EXPECT_EQ(temp.read("FS9/texture/cld01.bmp"), "original");
     EXPECT_TRUE(record.entries().empty());
+}
+
+TEST_F(InstallTest, AReadOnlyFileOfTheSameNameInOtherLetterCaseIsNeverDeleted)
+{
+    const std::string folder = set("Clouds/Summer haze", {"cld01.bmp"});
+    temp.write("FS9/texture/cld01.bmp", "original");
+    const std::string variant = temp.write("FS9/texture/CLD01.BMP", "kept");
+    if (filesUnder("FS9/texture").size() != 2)
+        GTEST_SKIP() << "this file system cannot hold both names";
+    ASSERT_TRUE(fakes.files.setAttributes(variant, FileAttribute::ReadOnly));
+    EXPECT_FALSE(
+        InstallTextureSet(services, folders, request(folder, AllTicked({"cld01.bmp"})), record)
+            .installed);
+    EXPECT_EQ(fakes.messages.last().text,
+              "Could not kill the using files.\n" + variant +
+                  "\n\nBe sure your attribute on Msfs folder and texture folder is in Archive "
+                  "attribute and not Read only.");
+    EXPECT_EQ(temp.read("FS9/texture/CLD01.BMP"), "kept");
+    EXPECT_EQ(temp.read("FS9/texture/cld01.bmp"), "original");
+    EXPECT_EQ(filesUnder("FS9/texture").size(), 2u);
 }
 
 TEST_F(InstallTest, ACopyFailingHalfWayLeavesEveryTargetWholeAndNoTemporaryFile)
