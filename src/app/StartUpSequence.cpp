@@ -30,19 +30,9 @@ void BackUpSunEffectOnce(Services& services, const ProgramPaths& paths)
 
 std::string IniFileProblem(FileOperations& files, const std::string& file)
 {
-    switch (files.kindOf(file)) {
-    case PathKind::File:
-    case PathKind::Missing: // gone this very moment: the reader reports it
-        return {};
-    case PathKind::DanglingLink:
-        return "Cloud.ini in this application folder is a link to a file that does not exist.";
-    case PathKind::Folder:
-        return "Cloud.ini in this application folder is a folder, not a file.";
-    case PathKind::Other:
-        break;
-    }
-    return "Cloud.ini in this application folder is not a plain file (a named pipe, a device "
-           "or a socket), so it cannot be read.";
+    // A file missing this very moment is left to the reader, which reports it.
+    const std::string why = WhyNotAPlainFile(files, file);
+    return why.empty() ? why : "Cloud.ini in this application folder" + why;
 }
 
 bool IsSmallFontScreen(int logicalDpiY)

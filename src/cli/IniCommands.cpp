@@ -29,6 +29,11 @@ int IniGet(const CommandSet::Texts& args, CliContext& context)
 {
     Services& services = context.services;
     const bool fileMissing = IsError(FileExists(services.files, args[0]));
+    // A pipe would make the reader wait for a writer, a folder reads as nothing: say what it is.
+    if (const std::string why = WhyNotAPlainFile(services.files, args[0]); !why.empty()) {
+        context.err << "vellumar-cli: " << args[0] << why << '\n';
+        return CliExit::Failed;
+    }
     clsCfgRead reader(services.files, services.messages);
     reader.FileName = args[0];
     reader.Section = args[1];

@@ -144,4 +144,20 @@ void FindFileInTree(FileOperations& files, EventPump& events, std::string_view s
                      foundFolder, 0);
 }
 
+std::string WhyNotAPlainFile(FileOperations& files, const std::string& path)
+{
+    switch (files.kindOf(path)) {
+    case PathKind::File:
+    case PathKind::Missing:
+        return {};
+    case PathKind::DanglingLink:
+        return " is a link to a file that does not exist.";
+    case PathKind::Folder:
+        return " is a folder, not a file.";
+    case PathKind::Other:
+        break;
+    }
+    return " is not a plain file (a named pipe, a device or a socket), so it cannot be read.";
+}
+
 } // namespace vellumar

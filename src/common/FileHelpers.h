@@ -38,6 +38,11 @@ void ListSubfolders(FileOperations& files, EventPump& events, std::string_view f
 void FindFileInTree(FileOperations& files, EventPump& events, std::string_view startFolder,
                     std::string_view fileName, bool& found, std::string* foundFolder = nullptr);
 
+// Why `path`, which is there, cannot be read as a file, as the end of a sentence about it
+// (" is a folder, not a file."); "" when it is a file or a link to one, or not there at all.
+// A named pipe would make a reader wait for a writer that never comes, so it is caught here.
+std::string WhyNotAPlainFile(FileOperations& files, const std::string& path);
+
 // The shell's file operation codes.
 enum class ShellOperation { Move = 1, Copy = 2, Delete = 3, Rename = 4 };
 

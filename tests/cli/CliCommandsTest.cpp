@@ -51,6 +51,9 @@ TEST_F(CliTest, IniGetOfNothingFails)
     EXPECT_EQ(run({"ini", "get", ini, "Main", ""}), CliExit::Failed);
     EXPECT_EQ(run({"ini", "get", temp / "missing.ini", "Main", "x"}), CliExit::Failed);
     EXPECT_EQ(messages.last().title, "Class cfgRead");
+    // Something there that is no file says what it is (a named pipe would hang a reader).
+    EXPECT_EQ(run({"ini", "get", temp.path(), "Main", "x"}), CliExit::Failed);
+    EXPECT_NE(err.str().find("is a folder, not a file."), std::string::npos) << err.str();
 }
 
 TEST_F(CliTest, IniSetWritesAndAnEmptyValueDeletes)
