@@ -8,6 +8,7 @@
 #include <mutex>
 #include <signal.h>
 #include <spawn.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -71,7 +72,7 @@ const std::string& ScratchFolder()
 }
 
 int RunProcess(const std::vector<std::string>& argv, const std::vector<std::string>& extraEnv,
-               std::chrono::seconds limit)
+               std::chrono::seconds limit, long* peakKilobytes)
 {
     std::vector<char*> args;
     for (const std::string& arg : argv)
@@ -109,8 +110,11 @@ int RunProcess(const std::vector<std::string>& argv, const std::vector<std::stri
             ::kill(-pid, SIGKILL);
     });
     int status = 0;
-    while (waitpid(pid, &status, 0) < 0 && errno == EINTR) {
+    struct rusage usage {};
+    while (wait4(pid, &status, 0, &usage) < 0 && errno == EINTR) {
     }
+    if (peakKilobytes)
+        *peakKilobytes = usage.ru_maxrss;
     {
         const std::lock_guard lock(mutex);
         done = true;
@@ -122,9 +126,9 @@ int RunProcess(const std::vector<std::string>& argv, const std::vector<std::stri
 }
 
 bool RunChecked(benchmark::State& state, const std::vector<std::string>& argv,
-                const std::vector<std::string>& extraEnv, bool expectZero)
+                const std::vector<std::string>& extraEnv, bool expectZero, long* peakKilobytes)
 {
-    const int status = RunProcess(argv, extraEnv);
+    const int status = RunProcess(argv, extraEnv, kChildTimeLimit, peakKilobytes);
     std::string problem;
     if (status == kNotStarted)
         problem = argv[0] + " did not start";

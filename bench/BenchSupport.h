@@ -25,15 +25,17 @@ inline constexpr std::chrono::seconds kChildTimeLimit{60};
 // exit status. The child gets this process's environment with each "NAME=value" of `extraEnv`
 // in place of any variable of that name, and VELLUMAR_EXIT_WHEN_READY=1, under which the
 // program exits with status 2 where it would show a message or a dialog. The child and
-// everything it starts are killed when they run past `limit`.
+// everything it starts are killed when they run past `limit`. `peakKilobytes`, when given,
+// receives the child's own peak resident memory.
 int RunProcess(const std::vector<std::string>& argv, const std::vector<std::string>& extraEnv = {},
-               std::chrono::seconds limit = kChildTimeLimit);
+               std::chrono::seconds limit = kChildTimeLimit, long* peakKilobytes = nullptr);
 
 // Runs a program as RunProcess does and tells `state` of a child that was killed or did not
 // start, or (when `expectZero`) that exited with anything but 0. False when it failed; the
 // benchmark loop should stop then.
 bool RunChecked(benchmark::State& state, const std::vector<std::string>& argv,
-                const std::vector<std::string>& extraEnv = {}, bool expectZero = false);
+                const std::vector<std::string>& extraEnv = {}, bool expectZero = false,
+                long* peakKilobytes = nullptr);
 
 // Sets environment variables of this process for one benchmark and puts the old values back
 // when it ends, so that no benchmark changes what the next one sees.
