@@ -20,8 +20,8 @@ std::string GreyBitmapFile(const QImage& picture);
 // A baseline JPEG (JFIF); `quality` from 1 to 100.
 std::string JpegFile(const QImage& picture, int quality);
 
-// A single-frame GIF89a whose 256 colours are chosen for the picture by median cut, so that a
-// sky keeps its gradient.
+// A single-frame GIF89a with 256 colours chosen for the picture, dithered so that a sky keeps
+// its gradient.
 std::string GifFile(const QImage& picture);
 
 } // namespace vellumar::demo
