@@ -79,7 +79,8 @@ void BM_FindOverLibrary(benchmark::State& state)
 {
     const std::string& home = Library();
     for (auto _ : state)
-        RunProcess({"find", home + "/Texture"});
+        if (!RunChecked(state, {"find", home + "/Texture"}, {}, true))
+            break;
 }
 BENCHMARK(BM_FindOverLibrary)->Unit(benchmark::kMillisecond)->UseRealTime();
 

@@ -93,7 +93,8 @@ void BM_Cp50x4MB(benchmark::State& state)
         command.push_back(set.setFolder + "/" + name);
     command.push_back(set.simulator + "/texture/");
     for (auto _ : state)
-        RunProcess(command);
+        if (!RunChecked(state, command, {}, true))
+            break;
 }
 BENCHMARK(BM_Cp50x4MB)->Unit(benchmark::kMillisecond)->UseRealTime();
 
@@ -111,8 +112,9 @@ void BM_CliInstall40SmallFiles(benchmark::State& state)
         "VELLUMAR_HOME=" + home, "WINEPREFIX=" + ScratchFolder() + "/small/prefix"};
     fs::create_directories(home + "/FS9/texture");
     for (auto _ : state)
-        if (RunProcess({VELLUMAR_CLI_PATH, "install", "Set 0000", "--yes"}, environment) != 0)
-            state.SkipWithError("the install failed");
+        if (!RunChecked(state, {VELLUMAR_CLI_PATH, "install", "Set 0000", "--yes"}, environment,
+                        true))
+            break;
 }
 BENCHMARK(BM_CliInstall40SmallFiles)->Unit(benchmark::kMillisecond)->UseRealTime();
 
@@ -125,7 +127,8 @@ void BM_Cp40SmallFiles(benchmark::State& state)
     command.push_back(home + "/FS9/texture/");
     fs::create_directories(home + "/FS9/texture");
     for (auto _ : state)
-        RunProcess(command);
+        if (!RunChecked(state, command, {}, true))
+            break;
 }
 BENCHMARK(BM_Cp40SmallFiles)->Unit(benchmark::kMillisecond)->UseRealTime();
 

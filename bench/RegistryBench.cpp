@@ -7,7 +7,6 @@
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
@@ -47,7 +46,9 @@ const std::string& Prefix()
 
 void BM_RegistryAbsentValue_InProcess(benchmark::State& state)
 {
-    ::setenv("WINEPREFIX", Prefix().c_str(), 1);
+    // The registry reads WINEPREFIX on each call; it is put back when the benchmark ends.
+    ScopedEnvironment environment;
+    environment.set("WINEPREFIX", Prefix());
     const auto registry = CreatePlatformRegistry();
     for (auto _ : state) {
         auto value = registry->readString(RegistryHive::LocalMachine, std::string(kKey) + "\\9.0",
@@ -61,8 +62,11 @@ void BM_RegistryAbsentValue_Cli(benchmark::State& state)
 {
     const std::string prefix = Prefix();
     for (auto _ : state)
-        RunProcess({VELLUMAR_CLI_PATH, "reg", "get", "HKEY_LOCAL_MACHINE", kKey, "9.0", "EXE Path"},
-                   {"WINEPREFIX=" + prefix});
+        if (!RunChecked(
+                state,
+                {VELLUMAR_CLI_PATH, "reg", "get", "HKEY_LOCAL_MACHINE", kKey, "9.0", "EXE Path"},
+                {"WINEPREFIX=" + prefix}))
+            break;
 }
 BENCHMARK(BM_RegistryAbsentValue_Cli)->Unit(benchmark::kMillisecond)->UseRealTime();
 
@@ -70,7 +74,8 @@ void BM_GrepFixedKey(benchmark::State& state)
 {
     const std::string file = Prefix() + "/system.reg";
     for (auto _ : state)
-        RunProcess({"grep", "-F", kEscapedKey, file});
+        if (!RunChecked(state, {"grep", "-F", kEscapedKey, file}))
+            break;
 }
 BENCHMARK(BM_GrepFixedKey)->Unit(benchmark::kMillisecond)->UseRealTime();
 

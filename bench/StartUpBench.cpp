@@ -6,23 +6,27 @@
 
 #include <benchmark/benchmark.h>
 
-#include <cstdio>
 #include <filesystem>
-#include <sys/resource.h>
-#include <sys/wait.h>
 
 namespace vellumar::bench {
 namespace {
 
-const std::vector<std::string> kHeadless = {"QT_QPA_PLATFORM=offscreen",
-                                            "VELLUMAR_EXIT_WHEN_READY=1"};
+// Headless, and with a runtime folder of its own, so that the program's single-instance lock
+// never meets a copy the user has open.
+std::vector<std::string> Headless()
+{
+    const std::string run = ScratchFolder() + "/run";
+    std::filesystem::create_directories(run);
+    std::filesystem::permissions(run, std::filesystem::perms::owner_all);
+    return {"QT_QPA_PLATFORM=offscreen", "XDG_RUNTIME_DIR=" + run};
+}
 
+// The demo folder, or "" when vellumar-cli could not build it.
 const std::string& Demo()
 {
     static const std::string demo = [] {
         const std::string folder = ScratchFolder() + "/demo";
-        RunProcess({VELLUMAR_CLI_PATH, "demo", folder});
-        return folder;
+        return RunProcess({VELLUMAR_CLI_PATH, "demo", folder}) == 0 ? folder : std::string();
     }();
     return demo;
 }
@@ -35,7 +39,7 @@ const std::string& LargeLibrary()
 
 std::vector<std::string> Environment(const std::string& home, const std::string& prefix)
 {
-    std::vector<std::string> environment = kHeadless;
+    std::vector<std::string> environment = Headless();
     environment.push_back("VELLUMAR_HOME=" + home);
     environment.push_back("WINEPREFIX=" + prefix);
     return environment;
@@ -44,12 +48,16 @@ std::vector<std::string> Environment(const std::string& home, const std::string&
 void RunProgram(benchmark::State& state, const std::vector<std::string>& environment)
 {
     for (auto _ : state)
-        if (RunProcess({VELLUMAR_PROGRAM_PATH}, environment) != 0)
-            state.SkipWithError("the program did not reach its ready state");
+        if (!RunChecked(state, {VELLUMAR_PROGRAM_PATH}, environment, true))
+            break;
 }
 
 void BM_StartUpToReady_Demo(benchmark::State& state)
 {
+    if (Demo().empty()) {
+        state.SkipWithError("vellumar-cli could not build the demo");
+        return;
+    }
     RunProgram(state, Environment(Demo() + "/home", Demo() + "/prefix"));
 }
 BENCHMARK(BM_StartUpToReady_Demo)->Unit(benchmark::kMillisecond)->UseRealTime();
@@ -63,7 +71,8 @@ BENCHMARK(BM_StartUpToReady_1000Sets)->Unit(benchmark::kMillisecond)->UseRealTim
 void BM_EmptyQtWindow(benchmark::State& state)
 {
     for (auto _ : state)
-        RunProcess({EMPTY_QT_WINDOW_PATH}, kHeadless);
+        if (!RunChecked(state, {EMPTY_QT_WINDOW_PATH}, Headless(), true))
+            break;
 }
 BENCHMARK(BM_EmptyQtWindow)->Unit(benchmark::kMillisecond)->UseRealTime();
 
@@ -72,11 +81,11 @@ void BM_PeakMemory_1000Sets(benchmark::State& state)
 {
     long peakKilobytes = 0;
     for (auto _ : state) {
-        RunProcess({VELLUMAR_PROGRAM_PATH},
-                   Environment(LargeLibrary(), ScratchFolder() + "/startup-library/prefix"));
-        struct rusage usage {};
-        getrusage(RUSAGE_CHILDREN, &usage);
-        peakKilobytes = usage.ru_maxrss; // the largest of all children so far
+        // The program's own peak: the children of earlier benchmarks do not count.
+        if (!RunChecked(state, {VELLUMAR_PROGRAM_PATH},
+                        Environment(LargeLibrary(), ScratchFolder() + "/startup-library/prefix"),
+                        true, &peakKilobytes))
+            break;
     }
     state.counters["peak_MB"] = static_cast<double>(peakKilobytes) / 1024.0;
 }

@@ -54,7 +54,8 @@ void BM_FindTypeF50k(benchmark::State& state)
 {
     const std::string& root = ListingTree();
     for (auto _ : state)
-        RunProcess({"find", root, "-type", "f"});
+        if (!RunChecked(state, {"find", root, "-type", "f"}, {}, true))
+            break;
 }
 BENCHMARK(BM_FindTypeF50k)->Unit(benchmark::kMillisecond)->UseRealTime();
 

@@ -3,7 +3,8 @@
 #
 #   scripts/install-deps.sh [build] [windows] [fuzz] [screenshots]
 #
-#   build        compilers, CMake, Qt 6, GoogleTest, Google Benchmark and CLI11 (the default)
+#   build        compilers, CMake, Qt 6, giflib, GoogleTest, Google Benchmark and CLI11 (the
+#                default)
 #   windows      the MinGW-w64 cross compiler, Wine and CLI11, for the Windows test suite
 #   fuzz         clang and its sanitizer runtimes, for the libFuzzer targets
 #   screenshots  Xvfb and ImageMagick, for screenshots of the windows
@@ -12,7 +13,7 @@ set -euo pipefail
 declare -A groups=(
     [build]="cmake ninja-build g++ pkg-config ccache qt6-base-dev qt6-multimedia-dev
              gstreamer1.0-plugins-base gstreamer1.0-plugins-good libgtest-dev googletest
-             libbenchmark-dev libcli11-dev"
+             libbenchmark-dev libcli11-dev libgif-dev"
     [windows]="cmake ninja-build g++-mingw-w64-x86-64-posix wine64 wine googletest libcli11-dev
                xvfb xauth"
     [fuzz]="clang libclang-rt-14-dev"

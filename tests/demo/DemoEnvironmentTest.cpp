@@ -1,7 +1,7 @@
 // The demo environment is built into temporary folders through the real file operations and
-// then read the way a newcomer's program would read it: as bitmaps, pictures, INI files and
-// registry files, checked against the file formats and the data layout rather than against the
-// generator's own tables.
+// then read the way a newcomer's program and simulator would read it: pictures decoded by Qt,
+// INI and registry files read by the program's own readers. (DemoStartUpTest starts the
+// program on it.)
 
 #include "demo/DemoEnvironment.h"
 
@@ -9,20 +9,19 @@
 #include "common/FileHelpers.h"
 #include "common/PathText.h"
 #include "common/TextCompare.h"
-#include "common/WildcardMatch.h"
 #include "config/ProfileText.h"
 #include "config/WineRegistryFile.h"
-#include "demo/DemoCloudIni.h"
 #include "demo/DemoDefaultCloudIni.h"
-#include "demo/DemoPrefix.h"
 #include "support/FaultyFileOperations.h"
 #include "support/TempFolder.h"
 #include "support/TestServices.h"
 
+#include <QByteArray>
+#include <QImage>
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <chrono>
 #include <filesystem>
 #include <map>
 #include <memory>
@@ -88,90 +87,18 @@ std::string Native(std::string path)
     return path;
 }
 
-// Checks a file against the layout of a Windows bitmap; "" when it holds, else what is wrong.
-std::string BitmapProblem(const std::string& b)
+// The spread of brightness in a picture: one that came out as a flat colour (all black, say)
+// has none.
+int BrightnessSpread(const QImage& picture)
 {
-    if (b.size() < 54 || b.substr(0, 2) != "BM")
-        return "no BM signature";
-    if (U32(b, 2) != b.size())
-        return "file size field " + std::to_string(U32(b, 2)) + " for " + std::to_string(b.size());
-    if (U32(b, 14) != 40)
-        return "not the 40-byte information header";
-    const auto width = static_cast<std::int32_t>(U32(b, 18));
-    const auto height = static_cast<std::int32_t>(U32(b, 22));
-    const unsigned bits = U16(b, 28);
-    if (width < 64 || width > 256 || height < 64 || height > 256)
-        return "size " + std::to_string(width) + "x" + std::to_string(height);
-    if (U16(b, 26) != 1 || U32(b, 30) != 0 || (bits != 24 && bits != 8))
-        return "planes, compression or depth";
-    const std::uint32_t colours = U32(b, 46);
-    if ((bits == 8) != (colours > 0) || colours > 256)
-        return "palette of " + std::to_string(colours);
-    const std::uint32_t stride = (static_cast<std::uint32_t>(width) * bits + 31) / 32 * 4;
-    const std::uint32_t imageSize = stride * static_cast<std::uint32_t>(height);
-    if (U32(b, 10) != 54 + 4 * colours || U32(b, 34) != imageSize ||
-        54 + 4 * colours + imageSize != b.size())
-        return "offset, image size and file size do not add up";
-    return "";
-}
-
-// The spread of brightness in a bitmap's pixel bytes: a generated picture that came out as one
-// flat colour (all black, say) has none.
-int BrightnessSpread(const std::string& b)
-{
-    const std::size_t offset = U32(b, 10);
     int low = 255, high = 0;
-    for (std::size_t i = offset; i < b.size(); ++i) {
-        const int v = static_cast<unsigned char>(b[i]);
-        low = std::min(low, v);
-        high = std::max(high, v);
-    }
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x) {
+            const int v = qGray(picture.pixel(x, y));
+            low = std::min(low, v);
+            high = std::max(high, v);
+        }
     return high - low;
-}
-
-// The data type of a set from its file names, as the 15-row table of the program names it.
-std::string DataTypeOf(const std::vector<std::string>& names)
-{
-    const std::vector<std::pair<std::vector<const char*>, const char*>> table = {
-        {{"cldcn*.bmp"}, "Thunder"},
-        {{"cld*.bmp"}, "Cumulus"},
-        {{"cumul*.bmp"}, "Cumulus"},
-        {{"stratus*.bmp"}, "Stratus"},
-        {{"cirrus*.bmp"}, "Cirrus"},
-        {{"sky_*.bmp"}, "Sky Color"},
-        {{"earth*.bmp"}, "Earth"},
-        {{"flare*.bmp"}, "Sun flare"},
-        {{"sun*.bmp", "corona*.bmp"}, "Sun"},
-        {{"halo.bmp"}, "Runway"},
-        {{"moon*.bmp"}, "Moon"},
-        {{"rain*.bmp"}, "Rain"},
-        {{"VCrain*.bmp"}, "VC Rain"},
-        {{"snow*.bmp"}, "Snow"},
-        {{"trees*.bmp", "BLD*.bmp"}, "Autogen"}};
-    for (const auto& [patterns, type] : table)
-        for (const char* pattern : patterns)
-            for (const std::string& name : names)
-                if (WildcardMatch(pattern, name))
-                    return type;
-    return "Unknown";
-}
-
-int CompatibilityOf(const std::vector<std::string>& names)
-{
-    auto any = [&](std::initializer_list<const char*> patterns) {
-        for (const char* pattern : patterns)
-            for (const std::string& name : names)
-                if (WildcardMatch(pattern, name))
-                    return true;
-        return false;
-    };
-    if (any({"cld*.bmp", "cloudmask*.bmp", "cumulus0*.bmp"}))
-        return 1;
-    if (any({"cirrus*.bmp"}))
-        return 2;
-    if (any({"sky_*.bmp"}))
-        return 3;
-    return 5;
 }
 
 std::vector<std::string> PlainFilesIn(const std::string& folder)
@@ -183,30 +110,6 @@ std::vector<std::string> PlainFilesIn(const std::string& folder)
     return names;
 }
 
-// The set folders that the [SetN] sections of a cloud.ini name, in section order; a numbered
-// series gives one folder per number, spelt as the folders on disk are: "t-storm" and two
-// blanks, any other name and one.
-std::vector<std::string> SetFoldersOf(const std::string& ini)
-{
-    std::vector<std::string> folders;
-    for (int number = 1;; ++number) {
-        const std::string section = "Set" + std::to_string(number);
-        const std::string dirName = IniValue(ini, section, "DirName");
-        if (dirName == "<absent>")
-            break;
-        const std::string from = IniValue(ini, section, "from");
-        if (from == "<absent>") {
-            folders.push_back(dirName);
-            continue;
-        }
-        const std::string name = dirName.substr(dirName.rfind('\\') + 1);
-        const std::string gap = StartsWithIgnoreCase(name, "t-storm") ? "  " : " ";
-        for (int n = std::stoi(from); n <= std::stoi(IniValue(ini, section, "to")); ++n)
-            folders.push_back(dirName + gap + std::to_string(n));
-    }
-    return folders;
-}
-
 // One demo shared by the tests that only read it.
 class DemoEnvironmentTest : public ::testing::Test {
 protected:
@@ -214,10 +117,8 @@ protected:
     {
         temp_ = std::make_unique<test::TempFolder>();
         test::FaultyFileOperations files;
-        const auto start = std::chrono::steady_clock::now();
         outcome_ = std::make_unique<DemoOutcome>(
             BuildDemoEnvironment(files, {(*temp_) / "demo", false, kUser}));
-        seconds_ = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
         files_ = std::make_unique<std::map<std::string, std::string>>(FilesBelow(outcome_->folder));
     }
     static void TearDownTestSuite()
@@ -239,59 +140,49 @@ protected:
     static inline std::unique_ptr<test::TempFolder> temp_;
     static inline std::unique_ptr<DemoOutcome> outcome_;
     static inline std::unique_ptr<std::map<std::string, std::string>> files_;
-    static inline double seconds_ = 0;
 };
 
-TEST_F(DemoEnvironmentTest, BuildsQuicklyAndSaysWhereToPointTheProgram)
+TEST_F(DemoEnvironmentTest, SaysWhereToPointTheProgram)
 {
     ASSERT_TRUE(outcome().built) << outcome().error;
     EXPECT_FALSE(outcome().replaced);
     EXPECT_EQ(outcome().prefix, JoinPath((*temp_) / "demo", "prefix"));
     EXPECT_EQ(outcome().home, JoinPath((*temp_) / "demo", "home"));
     EXPECT_EQ(static_cast<std::size_t>(outcome().files), files().size());
-    std::uint64_t bytes = 0;
-    for (const auto& [name, contents] : files())
-        bytes += contents.size();
-    EXPECT_EQ(outcome().bytes, bytes);
-    EXPECT_LT(bytes, 6u << 20); // a few megabytes, not more
-    EXPECT_LT(seconds_, 5.0);   // well under a second on an idle machine; CI machines are not
+    EXPECT_LT(outcome().bytes, 6u << 20); // a few megabytes, not more
     EXPECT_TRUE(file(std::string(kDemoMarkerName)).starts_with(kDemoMarkerSignature));
 }
 
-TEST_F(DemoEnvironmentTest, EveryBitmapIsAValidBitmapWithAPictureInIt)
+TEST_F(DemoEnvironmentTest, EveryPictureDecodesAndTexturesAreBitmapsTheSimulatorLoads)
 {
-    int bitmaps = 0, eightBit = 0;
+    int bitmaps = 0, eightBit = 0, gifs = 0, jpegs = 0;
     for (const auto& [name, contents] : files()) {
-        if (!EndsWith(name, ".bmp"))
+        const bool bitmap = EndsWith(name, ".bmp");
+        gifs += EndsWith(name, ".gif");
+        jpegs += EndsWith(name, ".jpg") || EndsWith(name, ".jpeg");
+        if (!bitmap && !EndsWith(name, ".gif") && !EndsWith(name, ".jpg") &&
+            !EndsWith(name, ".jpeg"))
             continue;
+        const QImage picture = QImage::fromData(QByteArray::fromStdString(contents));
+        ASSERT_FALSE(picture.isNull()) << name << " does not decode";
+        EXPECT_GT(BrightnessSpread(picture), 40) << name << " is nearly flat";
+        if (!bitmap)
+            continue;
+        // The simulator reads uncompressed bitmaps with the 40-byte header, 24 bits or 8 with
+        // a palette, no larger than 256 pixels a side.
         ++bitmaps;
-        EXPECT_EQ(BitmapProblem(contents), "") << name;
-        if (BitmapProblem(contents).empty()) {
-            eightBit += U16(contents, 28) == 8;
-            EXPECT_GT(BrightnessSpread(contents), 40) << name << " is nearly flat";
-        }
+        ASSERT_GE(contents.size(), 54u) << name;
+        const unsigned bits = U16(contents, 28);
+        EXPECT_EQ(U32(contents, 14), 40u) << name;
+        EXPECT_EQ(U32(contents, 30), 0u) << name << " is compressed";
+        EXPECT_TRUE(bits == 24 || bits == 8) << name << " has " << bits << " bits";
+        EXPECT_TRUE(picture.width() >= 64 && picture.width() <= 256 && picture.height() >= 64 &&
+                    picture.height() <= 256)
+            << name;
+        eightBit += bits == 8;
     }
     EXPECT_GE(bitmaps, 50);
     EXPECT_GE(eightBit, 3); // the grey rain and snow textures
-}
-
-TEST_F(DemoEnvironmentTest, PreviewsAndSituationPicturesAreRealGifsAndJpegs)
-{
-    int gifs = 0, jpegs = 0;
-    for (const auto& [name, contents] : files()) {
-        if (EndsWith(name, ".gif")) {
-            ++gifs;
-            EXPECT_TRUE(contents.starts_with("GIF89a")) << name;
-            EXPECT_EQ(contents.back(), ';') << name;
-            EXPECT_GT(U16(contents, 6), 0u);
-            EXPECT_GT(U16(contents, 8), 0u);
-        } else if (EndsWith(name, ".jpg") || EndsWith(name, ".jpeg")) {
-            ++jpegs;
-            EXPECT_TRUE(contents.starts_with("\xFF\xD8\xFF")) << name;
-            EXPECT_TRUE(contents.ends_with("\xFF\xD9")) << name;
-            EXPECT_NE(contents.find("JFIF"), std::string::npos) << name;
-        }
-    }
     EXPECT_GE(gifs, 10);
     EXPECT_GE(jpegs, 5);
 }
@@ -312,66 +203,6 @@ TEST_F(DemoEnvironmentTest, SoundsAreShortPcmWaves)
         EXPECT_LT(contents.size(), 100000u) << name;
     }
     EXPECT_GE(waves, 9);
-}
-
-TEST_F(DemoEnvironmentTest, EverySetSectionNamesAnExistingSetFolder)
-{
-    const std::string& ini = cloudIni();
-    const std::vector<std::string> folders = SetFoldersOf(ini);
-    EXPECT_GE(folders.size(), 12u);
-    for (const std::string& folder : folders) {
-        const std::string path = home("Texture/" + folder);
-        ASSERT_TRUE(fs::is_directory(path)) << folder;
-        const std::vector<std::string> names = PlainFilesIn(path);
-        EXPECT_TRUE(std::any_of(names.begin(), names.end(), [](const std::string& n) {
-            return EndsWith(n, ".bmp");
-        })) << folder;
-        EXPECT_EQ(std::count_if(names.begin(), names.end(),
-                                [](const std::string& n) {
-                                    return EndsWith(n, ".jpg") || EndsWith(n, ".jpeg") ||
-                                           EndsWith(n, ".gif");
-                                }),
-                  1)
-            << folder << " should have one preview picture";
-    }
-
-    // The features a newcomer should see at work: a numbered series, aliases, a set kept out of
-    // AutoRandom, an AutoRandom order.
-    bool series = false, alias = false, randomOff = false, order = false;
-    for (int number = 1; IniValue(ini, "Set" + std::to_string(number), "DirName") != "<absent>";
-         ++number) {
-        const std::string section = "Set" + std::to_string(number);
-        series |= IniValue(ini, section, "from") != "<absent>";
-        alias |= IniValue(ini, section, "Alias") != "<absent>";
-        randomOff |= EqualsIgnoreCase(IniValue(ini, section, "Random"), "off");
-        const std::string place = IniValue(ini, section, "Order");
-        if (place != "<absent>") {
-            order = true;
-            EXPECT_GT(std::stoi(place), 0) << section;
-        }
-        for (const char* key : {"DirName", "Alias"})
-            EXPECT_EQ(Ini(ini, section, key).find('\''), std::string::npos)
-                << section << " " << key << ": an apostrophe would cut the value short";
-    }
-    EXPECT_TRUE(series && alias && randomOff && order);
-    EXPECT_TRUE(fs::is_directory(home("Texture/Clouds/t-storm  1")));
-    EXPECT_TRUE(fs::is_directory(home("Texture/Clouds/t-storm  3")));
-}
-
-TEST_F(DemoEnvironmentTest, TheSetsCoverEveryDataTypeAndEveryCompatibilityCode)
-{
-    std::set<std::string> types;
-    std::set<int> codes;
-    for (const std::string& folder : SetFoldersOf(cloudIni())) {
-        const std::vector<std::string> names = PlainFilesIn(home("Texture/" + folder));
-        types.insert(DataTypeOf(names));
-        codes.insert(CompatibilityOf(names));
-    }
-    const std::set<std::string> all = {"Thunder", "Cumulus",   "Stratus", "Cirrus",  "Sky Color",
-                                       "Earth",   "Sun flare", "Sun",     "Runway",  "Moon",
-                                       "Rain",    "VC Rain",   "Snow",    "Autogen", "Unknown"};
-    EXPECT_EQ(types, all);
-    EXPECT_EQ(codes, (std::set<int>{1, 2, 3, 5}));
 }
 
 TEST_F(DemoEnvironmentTest, SetsHoldWhatTheSimulatorReadsAndNotesThatStayBehind)
@@ -400,62 +231,24 @@ TEST_F(DemoEnvironmentTest, SetsHoldWhatTheSimulatorReadsAndNotesThatStayBehind)
     EXPECT_GE(options, 2);
 }
 
-TEST_F(DemoEnvironmentTest, EveryPathInCloudIniLeadsSomewhere)
+TEST_F(DemoEnvironmentTest, TheSoundWindowFindsSomethingOnEveryChannel)
 {
-    const std::string& ini = cloudIni();
-    const std::string homeFolder = outcome().home;
-    auto resolve = [&](const std::string& value) {
-        if (fs::path(Native(value)).is_absolute())
-            return Native(value);
-        if (value.size() > 2 && value[1] == ':') // elsewhere C:\... lies in the prefix's drive C:
-            return JoinPath(JoinPath(outcome().prefix, "drive_c"), Native(value.substr(3)));
-        return JoinPath(homeFolder, Native(value));
-    };
-    EXPECT_EQ(IniValue(ini, "DataFolder", "Path"), ""); // the program's own folder
-    EXPECT_TRUE(fs::is_directory(resolve(IniValue(ini, "Situation", "Loc"))));
-    const std::string splash = resolve(IniValue(ini, "Splash Screen", "Path"));
-    EXPECT_TRUE(EqualsIgnoreCase(IniValue(ini, "Splash Screen", "Splash"), "on"));
-    for (int n = 1; n <= 3; ++n)
-        EXPECT_TRUE(
-            fs::is_regular_file(JoinPath(splash, "dlgsplash" + std::to_string(n) + ".bmp")));
     for (const char* key : {"Ch1Path", "Ch2Path", "Ch3Path"}) {
-        const std::string folder = resolve(IniValue(ini, "Sound", key));
+        const std::string folder = home(IniValue(cloudIni(), "Sound", key));
         EXPECT_TRUE(fs::is_directory(folder)) << key;
         EXPECT_FALSE(fs::is_empty(folder)) << key;
     }
-    EXPECT_TRUE(fs::is_directory(resolve(IniValue(ini, "Sound", "LastMusicPath"))));
-    EXPECT_TRUE(fs::is_regular_file(resolve(IniValue(ini, "Sound", "MusicFile1"))));
-    for (const char* section : {"ButtonSound", "AutoRandomSound"}) {
-        EXPECT_TRUE(EqualsIgnoreCase(IniValue(ini, section, "Beep"), "on")) << section;
-        const std::string sound = IniValue(ini, section, "File");
-        EXPECT_TRUE(EndsWith(sound, ".wav")) << section;
-        EXPECT_TRUE(fs::is_regular_file(resolve(sound))) << section;
-    }
-    EXPECT_TRUE(fs::is_regular_file(resolve(IniValue(ini, "Editor", "Path"))));
-    EXPECT_TRUE(
-        fs::is_regular_file(JoinPath(resolve(IniValue(ini, "FS2004Path", "Path")), "fs9.exe")));
-    EXPECT_EQ(IniValue(ini, "AppName", "Name").empty(), false);
 }
 
-TEST_F(DemoEnvironmentTest, TheRegistryNamesTheFolderOfTheSimulator)
+TEST_F(DemoEnvironmentTest, TheSimulatorHasItsOriginalsAndWindowsItsEventSounds)
 {
-    const std::string& registry = file("prefix/system.reg");
-    EXPECT_TRUE(registry.starts_with("WINE REGISTRY Version 2\n"));
-    const std::optional<std::string> exePath = WineRegistryScanner::Find(
-        registry, {"Software\\Wow6432Node\\Microsoft\\Microsoft Games\\Flight Simulator\\9.0"},
-        "EXE Path");
-    ASSERT_TRUE(exePath.has_value());
-    EXPECT_EQ(*exePath, "C:\\Program Files (x86)\\Microsoft Games\\Flight Simulator 9");
-
-    // C: is drive_c of the prefix.
-    const std::string simulator =
-        JoinPath(JoinPath(outcome().prefix, "drive_c"), Native(exePath->substr(3)));
+    // The simulator's originals that sets replace, so that a restore has something to bring
+    // back, and an executable that starts under Wine.
+    const std::string simulator = Native(IniValue(cloudIni(), "FS2004Path", "Path"));
     EXPECT_TRUE(test::ReadWholeFile(JoinPath(simulator, "fs9.exe")).starts_with("MZ"));
     for (const char* part : {"texture/cld01.bmp", "weather/clouds/clouds.cld", "effects/glow.fx",
                              "effects/texture/fx_glow.bmp", "UIRES/dlgsplash.bmp", "suneffect.cfg"})
         EXPECT_TRUE(fs::is_regular_file(JoinPath(simulator, Native(part)))) << part;
-    EXPECT_EQ(fs::canonical(simulator),
-              fs::canonical(Native(IniValue(cloudIni(), "FS2004Path", "Path"))));
 
     // The sounds of the message box events, which the program plays without a button sound.
     const std::string& defaultUser = file("prefix/userdef.reg");
@@ -470,19 +263,6 @@ TEST_F(DemoEnvironmentTest, TheRegistryNamesTheFolderOfTheSimulator)
             JoinPath(JoinPath(outcome().prefix, "drive_c/windows"), Native(sound->substr(13)))))
             << *sound;
     }
-}
-
-TEST_F(DemoEnvironmentTest, TheUserProfileHoldsTheSimulatorConfigurationThatSituationsChange)
-{
-    const std::string& ini = cloudIni();
-    const std::string profile = "prefix/drive_c/users/" + std::string(kUser);
-    EXPECT_TRUE(fs::is_directory(
-        JoinPath(outcome().folder, Native(profile + "/Documents/Flight Simulator Files"))));
-    const std::string& config =
-        file(profile + "/AppData/Roaming/Microsoft/FS9/" + IniValue(ini, "Situation", "CfgFile"));
-    EXPECT_EQ(Ini(config, IniValue(ini, "Situation", "Section"), IniValue(ini, "Situation", "Key")),
-              "");
-    EXPECT_NE(IniValue(ini, "Situation", "Section"), "<absent>");
 }
 
 TEST_F(DemoEnvironmentTest, SituationsComeInPairsWithPicturesAndNameExistingSets)
@@ -549,7 +329,7 @@ protected:
     }
 };
 
-TEST_F(DemoRebuildTest, AForeignFolderIsRefusedAndLeftAlone)
+TEST_F(DemoRebuildTest, AForeignFolderOrAFileIsRefusedAndLeftAlone)
 {
     temp.write("demo/letter.txt", "mine");
     temp.write("demo/home/budget.xls", "also mine");
@@ -559,6 +339,12 @@ TEST_F(DemoRebuildTest, AForeignFolderIsRefusedAndLeftAlone)
     EXPECT_NE(outcome.error.find("not empty"), std::string::npos);
     EXPECT_EQ(FilesBelow(temp / "demo").size(), 2u);
     EXPECT_EQ(temp.read("demo/home/budget.xls"), "also mine");
+
+    temp.write("file", "a file");
+    const DemoOutcome onAFile = BuildDemoEnvironment(files, {temp / "file", true, kUser});
+    EXPECT_FALSE(onAFile.built);
+    EXPECT_NE(onAFile.error.find("is a file"), std::string::npos);
+    EXPECT_EQ(temp.read("file"), "a file");
 }
 
 TEST_F(DemoRebuildTest, ForceBuildsThereAndKeepsWhatIsNotTheDemos)
@@ -592,15 +378,6 @@ TEST_F(DemoRebuildTest, AnEarlierDemoIsRebuiltExactlyAsNew)
     }
 }
 
-TEST_F(DemoRebuildTest, AFileIsNoFolderToBuildIn)
-{
-    temp.write("demo", "a file");
-    const DemoOutcome outcome = build(true);
-    EXPECT_FALSE(outcome.built);
-    EXPECT_NE(outcome.error.find("is a file"), std::string::npos);
-    EXPECT_EQ(temp.read("demo"), "a file");
-}
-
 TEST_F(DemoRebuildTest, AWriteThatFailsIsReportedAndTheNextRunFinishesTheJob)
 {
     files.failReplace = [](const std::string& path) { return path.ends_with("system.reg"); };
@@ -632,27 +409,6 @@ TEST_F(DemoRebuildTest, AReadOnlyFileInTheOldDemoStopsTheRebuildWithItsName)
 // ---------------------------------------------------------------------------------------------
 // Pieces with rules of their own
 
-TEST(DemoRegistryTextTest, EscapesAsWineWritesThem)
-{
-    using demo::EscapeRegistryText;
-    EXPECT_EQ(EscapeRegistryText("C:\\Program Files", '"'), "C:\\\\Program Files");
-    EXPECT_EQ(EscapeRegistryText("say \"hi\"", '"'), "say \\\"hi\\\"");
-    EXPECT_EQ(EscapeRegistryText("[x]", ']'), "[x\\]");
-    EXPECT_EQ(EscapeRegistryText("a\nb\tc", '"'), "a\\nb\\tc");
-    EXPECT_EQ(EscapeRegistryText(std::string("\x01x\x01"
-                                             "7",
-                                             4),
-                                 '"'),
-              "\\1x\\0017");
-    // Beyond ASCII: the UTF-16 code in hex, with four digits when a hex digit follows.
-    EXPECT_EQ(EscapeRegistryText("Zo\xC3\xAB", '"'), "Zo\\xeb");
-    EXPECT_EQ(EscapeRegistryText("\xC3\xA9"
-                                 "a1",
-                                 '"'),
-              "\\x00e9a1");
-    EXPECT_EQ(EscapeRegistryText("\xF0\x9F\x98\x80", '"'), "\\xd83d\\xde00");
-}
-
 TEST(DemoRegistryTextTest, ANameBeyondAsciiReadsBackThroughTheProgramsScanner)
 {
     test::TempFolder temp;
@@ -673,16 +429,6 @@ TEST(DemoRegistryTextTest, ANameBeyondAsciiReadsBackThroughTheProgramsScanner)
     // Through the program's own file operations: they take UTF-8 on every system.
     EXPECT_EQ(FolderExists(files, temp / ("demo/prefix/drive_c/users/" + name + "/Documents")),
               "OK");
-}
-
-TEST(DemoCloudIniTest, SettingAValueKeepsItsComment)
-{
-    const std::string text = "[A]\r\nStretch=on   ' stretch the preview\r\nPlain=1\r\n";
-    EXPECT_EQ(demo::SetIniValue(text, "a", "stretch", "off"),
-              "[A]\r\nStretch=off   ' stretch the preview\r\nPlain=1\r\n");
-    EXPECT_EQ(demo::SetIniValue(text, "A", "Plain", "2"),
-              "[A]\r\nStretch=on   ' stretch the preview\r\nPlain=2\r\n");
-    EXPECT_EQ(demo::SetIniValue(text, "A", "Plain", "1"), text);
 }
 
 TEST(DemoCommandTest, PrintsTheVariablesToExportAndRefusesWhatItMustNotTouch)
@@ -720,14 +466,6 @@ TEST(DemoCommandTest, PrintsTheVariablesToExportAndRefusesWhatItMustNotTouch)
                                                   {"demo", "--force"},
                                                   {"demo", "a", "--fast"}})
         EXPECT_EQ(RunCliCommand(wrong, fakes.services, out, err), CliExit::UsageError);
-}
-
-TEST(DemoCommandTest, ShellQuotingSurvivesEveryCharacter)
-{
-    EXPECT_EQ(ShellQuoted("/tmp/demo/prefix"), "/tmp/demo/prefix");
-    EXPECT_EQ(ShellQuoted("/tmp/my demo"), "'/tmp/my demo'");
-    EXPECT_EQ(ShellQuoted("/tmp/it's"), "'/tmp/it'\\''s'");
-    EXPECT_EQ(ShellQuoted("$HOME"), "'$HOME'");
 }
 
 } // namespace

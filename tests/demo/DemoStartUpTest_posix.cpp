@@ -12,6 +12,10 @@
 #include "demo/DemoEnvironment.h"
 #include "support/TempFolder.h"
 #include "support/TestServices.h"
+#include "textures/SetCatalogue.h"
+
+#include <QImage>
+#include <QString>
 
 #include <gtest/gtest.h>
 
@@ -105,18 +109,26 @@ TEST_F(DemoStartUpTest, TheProgramStartsOnTheDemoWithoutASingleMessage)
     EXPECT_EQ(state.settings.SplashMode, "order");
     EXPECT_EQ(state.settings.MusicFiles.size(), 1u);
 
-    // The library: every set loaded, the numbered series as three, all categories present.
+    // The library: every set loaded with a preview the window can show, the numbered series
+    // as three, every category and every data type the program knows present.
     std::set<int> categories;
+    std::set<std::string> types;
     bool series = false, outOfAutoRandom = false;
     for (const TextureSetEntry& set : state.settings.Sets) {
-        const std::optional<std::uint32_t> attributes = files->attributes(set.folder);
-        EXPECT_TRUE(attributes && (*attributes & FileAttribute::Directory)) << set.folder;
+        const SetFolderFiles contents = ScanSetFolder(*files, fakes.events, set.folder);
+        const std::string preview = PreviewPictureOf(contents);
+        EXPECT_FALSE(QImage(QString::fromStdString(JoinPath(set.folder, preview))).isNull())
+            << set.folder << " has no preview the window can show";
         categories.insert(set.compatibility);
+        types.insert(DataTypeOf(contents));
         series |= set.name == "t-storm  3";
         outOfAutoRandom |= !set.random;
     }
     EXPECT_EQ(state.settings.Sets.size(), 19u);
     EXPECT_EQ(categories, (std::set<int>{1, 2, 3, 5}));
+    EXPECT_EQ(types, (std::set<std::string>{"Thunder", "Cumulus", "Stratus", "Cirrus", "Sky Color",
+                                            "Earth", "Sun flare", "Sun", "Runway", "Moon", "Rain",
+                                            "VC Rain", "Snow", "Autogen", "Unknown"}));
     EXPECT_TRUE(series);
     EXPECT_TRUE(outOfAutoRandom);
 }

@@ -1,13 +1,12 @@
 #include "demo/DemoHome.h"
 
-#include "demo/BitmapWriter.h"
 #include "demo/DemoCloudIni.h"
 #include "demo/DemoDefaultCloudIni.h"
 #include "demo/DemoFolderWriter.h"
+#include "demo/DemoPictureFiles.h"
 #include "demo/DemoPictures.h"
 #include "demo/DemoSounds.h"
 #include "demo/DemoTextureSets.h"
-#include "demo/JpegWriter.h"
 
 #include <string>
 
@@ -189,13 +188,13 @@ void WriteHome(DemoFolderWriter& writer, std::string_view homeFolder, const Demo
 
     for (int number = 1; number <= 3; ++number)
         writer.file(home + "/Splash Screen/dlgsplash" + std::to_string(number) + ".bmp",
-                    EncodeBitmap(SplashPicture(number)));
+                    BitmapFile(SplashPicture(number)));
 
     for (const Situation& situation : kSituations) {
         const std::string stem = home + "/Situation/" + std::string(situation.name);
         writer.textFile(stem + ".FLT", FlightFile(situation));
         writer.textFile(stem + ".WX", WeatherFile(situation));
-        writer.file(stem + ".jpg", EncodeJpeg(ScenePicture(situation.picture, 160, 120, 700), 85));
+        writer.file(stem + ".jpg", JpegFile(ScenePicture(situation.picture, 160, 120, 700), 85));
         if (!situation.description.empty())
             writer.textFile(stem + ".txt", situation.description);
     }

@@ -1,11 +1,19 @@
 #include "demo/DemoPictures.h"
 
+#include <QCoreApplication>
+#include <QFont>
+#include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPolygonF>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <functional>
 #include <numbers>
-#include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -91,16 +99,39 @@ public:
         at(x, y) = at(x, y) + c;
     }
 
-    RgbImage image() const
+    QImage image() const
     {
-        RgbImage result(width_, height_);
-        for (std::size_t i = 0; i < data_.size(); ++i) {
-            auto channel = [](float v) {
-                return static_cast<std::uint8_t>(std::lround(Clamp01(v) * 255.0f));
-            };
-            result.pixels[i] = {channel(data_[i].r), channel(data_[i].g), channel(data_[i].b)};
+        QImage result(width_, height_, QImage::Format_RGB32);
+        auto channel = [](float v) { return static_cast<int>(std::lround(Clamp01(v) * 255.0f)); };
+        for (int y = 0; y < height_; ++y) {
+            auto* line = reinterpret_cast<QRgb*>(result.scanLine(y));
+            for (int x = 0; x < width_; ++x) {
+                const Colour c = at(x, y);
+                line[x] = qRgb(channel(c.r), channel(c.g), channel(c.b));
+            }
         }
         return result;
+    }
+
+    // Lays `colour` over the canvas wherever `draw` paints, by the coverage QPainter gives each
+    // pixel: shapes and letters get smooth edges while light keeps adding up in floats.
+    void paint(const std::function<void(QPainter&)>& draw, Colour colour, float alpha = 1)
+    {
+        QImage mask(width_, height_, QImage::Format_Alpha8);
+        mask.fill(0);
+        {
+            QPainter painter(&mask);
+            painter.setRenderHint(QPainter::Antialiasing);
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(Qt::black);
+            draw(painter);
+        }
+        for (int y = 0; y < height_; ++y) {
+            const uchar* coverage = mask.constScanLine(y);
+            for (int x = 0; x < width_; ++x)
+                if (coverage[x] != 0)
+                    blend(x, y, colour, alpha * static_cast<float>(coverage[x]) / 255.0f);
+        }
     }
 
 private:
@@ -292,16 +323,10 @@ void AddGlow(Canvas& canvas, float cx, float cy, float radius, Colour colour)
         }
 }
 
-// A solid disc with a soft one-pixel edge.
 void FillDisc(Canvas& canvas, float cx, float cy, float radius, Colour colour, float alpha = 1)
 {
-    for (int y = static_cast<int>(cy - radius) - 1; y <= static_cast<int>(cy + radius) + 1; ++y)
-        for (int x = static_cast<int>(cx - radius) - 1; x <= static_cast<int>(cx + radius) + 1;
-             ++x) {
-            const float d =
-                std::hypot(static_cast<float>(x) + 0.5f - cx, static_cast<float>(y) + 0.5f - cy);
-            canvas.blend(x, y, colour, alpha * Clamp01(radius - d + 0.5f));
-        }
+    canvas.paint([&](QPainter& painter) { painter.drawEllipse(QPointF(cx, cy), radius, radius); },
+                 colour, alpha);
 }
 
 struct Point {
@@ -309,37 +334,12 @@ struct Point {
     float y;
 };
 
-bool InsidePolygon(const std::vector<Point>& polygon, float x, float y)
-{
-    bool inside = false;
-    for (std::size_t i = 0, j = polygon.size() - 1; i < polygon.size(); j = i++) {
-        const Point& a = polygon[i];
-        const Point& b = polygon[j];
-        if ((a.y > y) != (b.y > y) && x < (b.x - a.x) * (y - a.y) / (b.y - a.y) + a.x)
-            inside = !inside;
-    }
-    return inside;
-}
-
-// Fills a polygon with four samples per pixel, so that its edges are smooth.
 void FillPolygon(Canvas& canvas, const std::vector<Point>& polygon, Colour colour, float alpha = 1)
 {
-    float left = polygon[0].x, right = polygon[0].x, top = polygon[0].y, bottom = polygon[0].y;
-    for (const Point& p : polygon) {
-        left = std::min(left, p.x);
-        right = std::max(right, p.x);
-        top = std::min(top, p.y);
-        bottom = std::max(bottom, p.y);
-    }
-    for (int y = static_cast<int>(top) - 1; y <= static_cast<int>(bottom) + 1; ++y)
-        for (int x = static_cast<int>(left) - 1; x <= static_cast<int>(right) + 1; ++x) {
-            int hits = 0;
-            for (float sy : {0.25f, 0.75f})
-                for (float sx : {0.25f, 0.75f})
-                    hits += InsidePolygon(polygon, static_cast<float>(x) + sx,
-                                          static_cast<float>(y) + sy);
-            canvas.blend(x, y, colour, alpha * static_cast<float>(hits) / 4);
-        }
+    QPolygonF shape;
+    for (const Point& p : polygon)
+        shape << QPointF(p.x, p.y);
+    canvas.paint([&](QPainter& painter) { painter.drawPolygon(shape); }, colour, alpha);
 }
 
 // A thin line of light, spread over neighbouring pixels by its sub-pixel position.
@@ -694,84 +694,51 @@ void PaintRunwayLights(Canvas& canvas, int horizon, float strength)
 }
 
 // ---------------------------------------------------------------------------------------------
-// A small pixel font for the captions of the splash screens
+// Captions
 
-struct Glyph {
-    char letter;
-    std::array<std::uint8_t, 7> rows; // five columns each, the highest bit on the left
-};
-
-constexpr std::array<Glyph, 40> kGlyphs = {{
-    {'A', {0x0E, 0x11, 0x11, 0x1F, 0x11, 0x11, 0x11}},
-    {'B', {0x1E, 0x11, 0x11, 0x1E, 0x11, 0x11, 0x1E}},
-    {'C', {0x0E, 0x11, 0x10, 0x10, 0x10, 0x11, 0x0E}},
-    {'D', {0x1E, 0x11, 0x11, 0x11, 0x11, 0x11, 0x1E}},
-    {'E', {0x1F, 0x10, 0x10, 0x1E, 0x10, 0x10, 0x1F}},
-    {'F', {0x1F, 0x10, 0x10, 0x1E, 0x10, 0x10, 0x10}},
-    {'G', {0x0E, 0x11, 0x10, 0x17, 0x11, 0x11, 0x0F}},
-    {'H', {0x11, 0x11, 0x11, 0x1F, 0x11, 0x11, 0x11}},
-    {'I', {0x0E, 0x04, 0x04, 0x04, 0x04, 0x04, 0x0E}},
-    {'J', {0x07, 0x02, 0x02, 0x02, 0x02, 0x12, 0x0C}},
-    {'K', {0x11, 0x12, 0x14, 0x18, 0x14, 0x12, 0x11}},
-    {'L', {0x10, 0x10, 0x10, 0x10, 0x10, 0x10, 0x1F}},
-    {'M', {0x11, 0x1B, 0x15, 0x15, 0x11, 0x11, 0x11}},
-    {'N', {0x11, 0x19, 0x15, 0x13, 0x11, 0x11, 0x11}},
-    {'O', {0x0E, 0x11, 0x11, 0x11, 0x11, 0x11, 0x0E}},
-    {'P', {0x1E, 0x11, 0x11, 0x1E, 0x10, 0x10, 0x10}},
-    {'Q', {0x0E, 0x11, 0x11, 0x11, 0x15, 0x12, 0x0D}},
-    {'R', {0x1E, 0x11, 0x11, 0x1E, 0x14, 0x12, 0x11}},
-    {'S', {0x0F, 0x10, 0x10, 0x0E, 0x01, 0x01, 0x1E}},
-    {'T', {0x1F, 0x04, 0x04, 0x04, 0x04, 0x04, 0x04}},
-    {'U', {0x11, 0x11, 0x11, 0x11, 0x11, 0x11, 0x0E}},
-    {'V', {0x11, 0x11, 0x11, 0x11, 0x11, 0x0A, 0x04}},
-    {'W', {0x11, 0x11, 0x11, 0x15, 0x15, 0x15, 0x0A}},
-    {'X', {0x11, 0x11, 0x0A, 0x04, 0x0A, 0x11, 0x11}},
-    {'Y', {0x11, 0x11, 0x0A, 0x04, 0x04, 0x04, 0x04}},
-    {'Z', {0x1F, 0x01, 0x02, 0x04, 0x08, 0x10, 0x1F}},
-    {'0', {0x0E, 0x11, 0x13, 0x15, 0x19, 0x11, 0x0E}},
-    {'1', {0x04, 0x0C, 0x04, 0x04, 0x04, 0x04, 0x0E}},
-    {'2', {0x0E, 0x11, 0x01, 0x02, 0x04, 0x08, 0x1F}},
-    {'3', {0x1F, 0x02, 0x04, 0x02, 0x01, 0x11, 0x0E}},
-    {'4', {0x02, 0x06, 0x0A, 0x12, 0x1F, 0x02, 0x02}},
-    {'5', {0x1F, 0x10, 0x1E, 0x01, 0x01, 0x11, 0x0E}},
-    {'6', {0x06, 0x08, 0x10, 0x1E, 0x11, 0x11, 0x0E}},
-    {'7', {0x1F, 0x01, 0x02, 0x04, 0x08, 0x08, 0x08}},
-    {'8', {0x0E, 0x11, 0x11, 0x0E, 0x11, 0x11, 0x0E}},
-    {'9', {0x0E, 0x11, 0x11, 0x0F, 0x01, 0x02, 0x0C}},
-    {'-', {0x00, 0x00, 0x00, 0x1F, 0x00, 0x00, 0x00}},
-    {'.', {0x00, 0x00, 0x00, 0x00, 0x00, 0x0C, 0x0C}},
-    {' ', {0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00}},
-    {'/', {0x01, 0x01, 0x02, 0x04, 0x08, 0x10, 0x10}},
-}};
-
-int TextWidth(std::string_view text, int scale)
+// Fonts need a QGuiApplication; the command-line tool and the tests run without one, so the
+// first caption starts one on the offscreen platform, which draws into pictures only and needs
+// no display. It lives until the process ends.
+bool FontsAvailable()
 {
-    return static_cast<int>(text.size()) * 6 * scale - scale;
+    if (qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
+        return true;
+    if (QCoreApplication::instance())
+        return false; // a console application of someone else's: no captions then
+    static int argc = 3;
+    static char name[] = "vellumar-demo", option[] = "-platform", platform[] = "offscreen";
+    static char* argv[] = {name, option, platform, nullptr};
+    // Qt's start-up notes (fonts, runtime folders) are no business of the demo's user.
+    const QtMessageHandler previous =
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    static QGuiApplication* application = new QGuiApplication(argc, argv);
+    qInstallMessageHandler(previous);
+    return application != nullptr;
 }
 
-// Draws text with a soft shadow, so that it reads on a bright sky as well as on a dark one.
-void DrawText(Canvas& canvas, std::string_view text, int x, int y, int scale, Colour colour)
+// Centred text with a soft shadow, so that it reads on a bright sky as well as on a dark one.
+void DrawCaption(Canvas& canvas, const QString& text, int top, int pixelSize, Colour colour)
 {
-    for (int pass = 0; pass < 2; ++pass) {
-        const int offset = pass == 0 ? std::max(1, scale / 2) : 0;
-        const Colour ink = pass == 0 ? Colour{0.02f, 0.03f, 0.06f} : colour;
-        const float alpha = pass == 0 ? 0.6f : 1.0f;
-        int penX = x;
-        for (char letter : text) {
-            const auto glyph =
-                std::find_if(kGlyphs.begin(), kGlyphs.end(),
-                             [letter](const Glyph& g) { return g.letter == letter; });
-            if (glyph != kGlyphs.end())
-                for (int row = 0; row < 7; ++row)
-                    for (int column = 0; column < 5; ++column)
-                        if (glyph->rows[static_cast<std::size_t>(row)] & (0x10 >> column))
-                            for (int sy = 0; sy < scale; ++sy)
-                                for (int sx = 0; sx < scale; ++sx)
-                                    canvas.blend(penX + column * scale + sx + offset,
-                                                 y + row * scale + sy + offset, ink, alpha);
-            penX += 6 * scale;
-        }
-    }
+    if (!FontsAvailable())
+        return;
+    QFont font(QStringLiteral("DejaVu Sans"));
+    font.setStyleHint(QFont::SansSerif);
+    font.setPixelSize(pixelSize);
+    font.setBold(true);
+    const QRectF line(0, top, canvas.width(), pixelSize * 1.4);
+    auto draw = [&](QPointF offset) {
+        return [&, offset](QPainter& painter) {
+            QPainterPath path;
+            const QFontMetricsF metrics(font);
+            path.addText(line.left() + (line.width() - metrics.horizontalAdvance(text)) / 2 +
+                             offset.x(),
+                         line.top() + metrics.ascent() + offset.y(), font, text);
+            painter.drawPath(path);
+        };
+    };
+    const qreal shadow = std::max(1.0, pixelSize / 12.0);
+    canvas.paint(draw({shadow, shadow}), Colour{0.02f, 0.03f, 0.06f}, 0.6f);
+    canvas.paint(draw({0, 0}), colour);
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -813,12 +780,12 @@ Canvas SkyCanvas(SkyTime time, bool golden, int width, int height)
 
 } // namespace
 
-RgbImage SkyTexture(SkyTime time, bool golden)
+QImage SkyTexture(SkyTime time, bool golden)
 {
     return SkyCanvas(time, golden, 64, kTextureSize).image();
 }
 
-RgbImage EarthTexture(bool night)
+QImage EarthTexture(bool night)
 {
     Canvas canvas(64, kTextureSize);
     const std::vector<Stop> stops =
@@ -845,7 +812,7 @@ RgbImage EarthTexture(bool night)
     return canvas.image();
 }
 
-RgbImage CloudTexture(CloudKind kind, std::uint32_t seed, float darkness)
+QImage CloudTexture(CloudKind kind, std::uint32_t seed, float darkness)
 {
     Canvas canvas(kTextureSize, kTextureSize);
     switch (kind) {
@@ -871,7 +838,7 @@ RgbImage CloudTexture(CloudKind kind, std::uint32_t seed, float darkness)
     return canvas.image();
 }
 
-RgbImage SunTexture()
+QImage SunTexture()
 {
     Canvas canvas(kTextureSize, kTextureSize);
     for (int y = 0; y < kTextureSize; ++y)
@@ -894,7 +861,7 @@ RgbImage SunTexture()
     return canvas.image();
 }
 
-RgbImage CoronaTexture()
+QImage CoronaTexture()
 {
     Canvas canvas(kTextureSize, kTextureSize);
     for (int y = 0; y < kTextureSize; ++y)
@@ -909,7 +876,7 @@ RgbImage CoronaTexture()
     return canvas.image();
 }
 
-RgbImage FlareTexture(int number)
+QImage FlareTexture(int number)
 {
     Canvas canvas(kSmallTextureSize, kSmallTextureSize);
     for (int y = 0; y < kSmallTextureSize; ++y)
@@ -953,35 +920,35 @@ RgbImage FlareTexture(int number)
     return canvas.image();
 }
 
-RgbImage MoonTexture(float shadow)
+QImage MoonTexture(float shadow)
 {
     Canvas canvas(kTextureSize, kTextureSize);
     PaintMoon(canvas, 64, 64, 52, shadow, 1969);
     return canvas.image();
 }
 
-RgbImage RainTexture(std::uint32_t seed, int streaks)
+QImage RainTexture(std::uint32_t seed, int streaks)
 {
     Canvas canvas(kTextureSize, kTextureSize);
     PaintRain(canvas, seed, streaks, 0.8f, true);
     return canvas.image();
 }
 
-RgbImage CockpitRainTexture(std::uint32_t seed)
+QImage CockpitRainTexture(std::uint32_t seed)
 {
     Canvas canvas(kTextureSize, kTextureSize);
     PaintDrops(canvas, seed, 45, 1.0f);
     return canvas.image();
 }
 
-RgbImage SnowTexture(std::uint32_t seed, int flakes)
+QImage SnowTexture(std::uint32_t seed, int flakes)
 {
     Canvas canvas(kTextureSize, kTextureSize);
     PaintSnow(canvas, seed, flakes, true);
     return canvas.image();
 }
 
-RgbImage TreesTexture(std::uint32_t seed)
+QImage TreesTexture(std::uint32_t seed)
 {
     Canvas canvas(kTextureSize, kTextureSize);
     const float cell = kTextureSize / 2.0f;
@@ -992,7 +959,7 @@ RgbImage TreesTexture(std::uint32_t seed)
     return canvas.image();
 }
 
-RgbImage BuildingTexture(std::uint32_t seed)
+QImage BuildingTexture(std::uint32_t seed)
 {
     Canvas canvas(kTextureSize, kTextureSize);
     Random random(seed);
@@ -1028,7 +995,7 @@ RgbImage BuildingTexture(std::uint32_t seed)
     return canvas.image();
 }
 
-RgbImage HaloTexture(float strength)
+QImage HaloTexture(float strength)
 {
     Canvas canvas(kSmallTextureSize, kSmallTextureSize);
     for (int y = 0; y < kSmallTextureSize; ++y)
@@ -1042,7 +1009,7 @@ RgbImage HaloTexture(float strength)
     return canvas.image();
 }
 
-RgbImage GlowTexture()
+QImage GlowTexture()
 {
     Canvas canvas(kSmallTextureSize, kSmallTextureSize);
     for (int y = 0; y < kSmallTextureSize; ++y)
@@ -1055,7 +1022,7 @@ RgbImage GlowTexture()
     return canvas.image();
 }
 
-RgbImage ScenePicture(Scene scene, int width, int height, std::uint32_t seed)
+QImage ScenePicture(Scene scene, int width, int height, std::uint32_t seed)
 {
     Canvas canvas(width, height);
     const float w = static_cast<float>(width);
@@ -1297,7 +1264,7 @@ RgbImage ScenePicture(Scene scene, int width, int height, std::uint32_t seed)
     return canvas.image();
 }
 
-RgbImage SplashPicture(int number)
+QImage SplashPicture(int number)
 {
     constexpr int kWidth = 256;
     constexpr int kHeight = 160;
@@ -1339,12 +1306,12 @@ RgbImage SplashPicture(int number)
         PaintAircraft(canvas, 60, 60, 130, Colour{0.85f, 0.86f, 0.88f});
         break;
     }
-    const std::string_view title = number == 0 ? "DEMO SIMULATOR" : "VELLUMAR DEMO";
-    const std::string caption =
-        number == 0 ? std::string("ORIGINAL SPLASH") : "SPLASH " + std::to_string(number) + " OF 3";
-    DrawText(canvas, title, (kWidth - TextWidth(title, 2)) / 2, 10, 2, Colour{1.0f, 1.0f, 1.0f});
-    DrawText(canvas, caption, (kWidth - TextWidth(caption, 1)) / 2, kHeight - 14, 1,
-             Colour{1.0f, 0.95f, 0.8f});
+    const QString title =
+        number == 0 ? QStringLiteral("DEMO SIMULATOR") : QStringLiteral("VELLUMAR DEMO");
+    const QString caption = number == 0 ? QStringLiteral("ORIGINAL SPLASH")
+                                        : QStringLiteral("SPLASH %1 OF 3").arg(number);
+    DrawCaption(canvas, title, 8, 16, Colour{1.0f, 1.0f, 1.0f});
+    DrawCaption(canvas, caption, kHeight - 17, 10, Colour{1.0f, 0.95f, 0.8f});
     return canvas.image();
 }
 

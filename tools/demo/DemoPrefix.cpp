@@ -1,7 +1,7 @@
 #include "demo/DemoPrefix.h"
 
-#include "demo/BitmapWriter.h"
 #include "demo/DemoFolderWriter.h"
+#include "demo/DemoPictureFiles.h"
 #include "demo/DemoPictures.h"
 #include "demo/DemoSounds.h"
 #include "demo/DemoTextureSets.h"
@@ -254,21 +254,19 @@ std::vector<std::string> WriteWinePrefix(DemoFolderWriter& writer, std::string_v
     const std::string simulator = drive + "/" + std::string(kSimulatorInDriveC);
     writer.file(simulator + "/fs9.exe", PlaceholderExecutable("fs9.exe"));
     writer.file(simulator + "/texture/cld01.bmp",
-                EncodeBitmap(CloudTexture(CloudKind::Cumulus, 9001)));
+                BitmapFile(CloudTexture(CloudKind::Cumulus, 9001)));
     writer.file(simulator + "/texture/cirrus01.bmp",
-                EncodeBitmap(CloudTexture(CloudKind::Cirrus, 9002)));
-    writer.file(simulator + "/texture/sky_day.bmp", EncodeBitmap(SkyTexture(SkyTime::Day, false)));
-    writer.file(simulator + "/texture/sky_dusk.bmp",
-                EncodeBitmap(SkyTexture(SkyTime::Dusk, false)));
-    writer.file(simulator + "/texture/sun.bmp", EncodeBitmap(SunTexture()));
-    writer.file(simulator + "/texture/moon.bmp", EncodeBitmap(MoonTexture(0)));
-    writer.file(simulator + "/texture/rain01.bmp",
-                EncodeBitmap(ToGreyscale(RainTexture(9003, 100))));
+                BitmapFile(CloudTexture(CloudKind::Cirrus, 9002)));
+    writer.file(simulator + "/texture/sky_day.bmp", BitmapFile(SkyTexture(SkyTime::Day, false)));
+    writer.file(simulator + "/texture/sky_dusk.bmp", BitmapFile(SkyTexture(SkyTime::Dusk, false)));
+    writer.file(simulator + "/texture/sun.bmp", BitmapFile(SunTexture()));
+    writer.file(simulator + "/texture/moon.bmp", BitmapFile(MoonTexture(0)));
+    writer.file(simulator + "/texture/rain01.bmp", GreyBitmapFile(RainTexture(9003, 100)));
     writer.textFile(simulator + "/weather/clouds/clouds.cld",
                     CloudFileText("Default clouds", "Cumulus", {"cld01.bmp"}, 4000, 7000, "4/8"));
     writer.textFile(simulator + "/effects/glow.fx", EffectFileText("Default glow", "fx_glow.bmp"));
-    writer.file(simulator + "/effects/texture/fx_glow.bmp", EncodeBitmap(GlowTexture()));
-    writer.file(simulator + "/UIRES/dlgsplash.bmp", EncodeBitmap(SplashPicture(0)));
+    writer.file(simulator + "/effects/texture/fx_glow.bmp", BitmapFile(GlowTexture()));
+    writer.file(simulator + "/UIRES/dlgsplash.bmp", BitmapFile(SplashPicture(0)));
     writer.textFile(simulator + "/suneffect.cfg",
                     SunEffectText("Default sun", "sun.bmp", "corona.bmp", {}, "255,250,240"));
     writer.file(simulator + "/sound/thunder/xthun4c.wav", ThunderWave());

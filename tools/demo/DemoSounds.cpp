@@ -1,15 +1,27 @@
 #include "demo/DemoSounds.h"
 
-#include "demo/LittleEndian.h"
-
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <numbers>
+#include <string>
 
 namespace vellumar::demo {
 
 namespace {
+
+// Numbers in a WAV header are little-endian.
+void PutU16(std::string& out, std::uint32_t value)
+{
+    out.push_back(static_cast<char>(value & 0xFF));
+    out.push_back(static_cast<char>((value >> 8) & 0xFF));
+}
+
+void PutU32(std::string& out, std::uint32_t value)
+{
+    PutU16(out, value & 0xFFFF);
+    PutU16(out, value >> 16);
+}
 
 constexpr int kRate = 22050;
 constexpr int kLowRate = 11025; // long, dull sounds need no more

@@ -1,11 +1,9 @@
 #include "demo/DemoTextureSets.h"
 
 #include "common/TextCompare.h"
-#include "demo/BitmapWriter.h"
 #include "demo/DemoFolderWriter.h"
+#include "demo/DemoPictureFiles.h"
 #include "demo/DemoPictures.h"
-#include "demo/GifWriter.h"
-#include "demo/JpegWriter.h"
 
 namespace vellumar::demo {
 
@@ -14,25 +12,24 @@ namespace {
 constexpr int kPreviewWidth = 128;
 constexpr int kPreviewHeight = 96;
 
-std::string Bmp(const RgbImage& image)
+std::string Bmp(const QImage& image)
 {
-    return EncodeBitmap(image);
+    return BitmapFile(image);
 }
 
-// Grey textures (rain, snow) as 8-bit bitmaps, a third of the size and just as good.
-std::string GreyBmp(const RgbImage& image)
+std::string GreyBmp(const QImage& image)
 {
-    return EncodeBitmap(ToGreyscale(image));
+    return GreyBitmapFile(image);
 }
 
 std::string GifPreview(Scene scene, std::uint32_t seed)
 {
-    return EncodeGif(ToAdaptivePalette(ScenePicture(scene, kPreviewWidth, kPreviewHeight, seed)));
+    return GifFile(ScenePicture(scene, kPreviewWidth, kPreviewHeight, seed));
 }
 
 std::string JpegPreview(Scene scene, std::uint32_t seed)
 {
-    return EncodeJpeg(ScenePicture(scene, kPreviewWidth, kPreviewHeight, seed), 88);
+    return JpegFile(ScenePicture(scene, kPreviewWidth, kPreviewHeight, seed), 88);
 }
 
 std::string Notes(std::string_view title, std::string_view body)
@@ -319,11 +316,9 @@ void WriteTextureLibrary(DemoFolderWriter& writer, std::string_view textureFolde
     }
 
     // Option sets: their bitmaps can go along with any set.
-    writer.file(root + "/Option/Bright halo/halo.bmp", EncodeBitmap(HaloTexture(1.6f)));
-    writer.file(root + "/Option/Crescent moon/moon.bmp", EncodeBitmap(MoonTexture(0.7f)));
-    writer.file(root + "/Option/Crescent moon/preview.gif",
-                EncodeGif(ToAdaptivePalette(
-                    ScenePicture(Scene::CrescentMoon, kPreviewWidth, kPreviewHeight, 181))));
+    writer.file(root + "/Option/Bright halo/halo.bmp", Bmp(HaloTexture(1.6f)));
+    writer.file(root + "/Option/Crescent moon/moon.bmp", Bmp(MoonTexture(0.7f)));
+    writer.file(root + "/Option/Crescent moon/preview.gif", GifPreview(Scene::CrescentMoon, 181));
     writer.file(root + "/Option/Light rain/rain01.bmp", GreyBmp(RainTexture(1701, 50)));
     writer.textFile(root + "/Option/Light rain/notes.txt",
                     Notes("Light rain", "A drizzle to add to any cloud set. Only the bitmaps of an "
