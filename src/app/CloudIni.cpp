@@ -9,6 +9,7 @@
 #include "common/Services.h"
 #include "common/TextCompare.h"
 #include "config/CloudIniFile.h"
+#include "config/CloudIniSchema.h"
 #include "config/ConfiguredPath.h"
 #include "config/IniValue.h"
 #include "config/ProgramPaths.h"
@@ -20,10 +21,7 @@ namespace vellumar {
 
 namespace {
 
-bool IsPresent(const std::string& value)
-{
-    return !IsError(value);
-}
+namespace keys = CloudIniKeys;
 
 // A fatal read problem: the next start runs the full path check.
 LoadOutcome FailRead(Services& services, CloudIniFile& ini, const std::string& text)
@@ -40,20 +38,15 @@ std::string CantRead(const std::string& section, const std::string& key)
     return section + "," + key + " can't read from ini file.";
 }
 
-bool BooleanOr(const std::string& value, bool fallback)
-{
-    return ParseBooleanText(value).value_or(fallback);
-}
-
 void ReadSituation(Services& services, const CloudIniFile& ini, const ProgramPaths& paths,
                    CloudIniSettings& settings)
 {
-    if (const std::string file = ini.ReadIniValue("Situation", "CfgFile"); IsPresent(file))
-        settings.SituationCfgFile = std::string(TrimBlanks(file));
-    if (const std::string section = ini.ReadIniValue("Situation", "Section"); IsPresent(section))
-        settings.SituationSection = section;
-    if (const std::string key = ini.ReadIniValue("Situation", "Key"); IsPresent(key))
-        settings.SituationKey = key;
+    if (const auto file = ReadIniText(ini, keys::SituationCfgFile))
+        settings.SituationCfgFile = std::string(TrimBlanks(*file));
+    if (const auto section = ReadIniText(ini, keys::SituationSection))
+        settings.SituationSection = *section;
+    if (const auto key = ReadIniText(ini, keys::SituationKey))
+        settings.SituationKey = *key;
 
     const std::string tail = "Situation function will be disabled.\nPlease confirm [Situation] "
                              "section in " +
@@ -75,53 +68,44 @@ void ReadSituation(Services& services, const CloudIniFile& ini, const ProgramPat
 void ReadSound(Services& services, const CloudIniFile& ini, const ProgramPaths& paths,
                CloudIniSettings& settings)
 {
-    for (std::size_t i = 0; i < settings.SoundIntvl.size(); ++i) {
-        const auto value =
-            ParseInteger16(ini.ReadIniValue("Sound", "Ch" + std::to_string(i + 1) + "Intvl"));
-        if (!value)
-            settings.SoundIntvl[i] = 5;
-        else if (*value >= 0)
-            settings.SoundIntvl[i] = std::min(*value, 60);
-    }
-    for (std::size_t i = 0; i < settings.SoundVol.size(); ++i) {
-        const auto value =
-            ParseInteger16(ini.ReadIniValue("Sound", "Ch" + std::to_string(i + 1) + "Vol"));
-        if (!value)
-            settings.SoundVol[i] = 50;
-        else if (*value >= 0)
-            settings.SoundVol[i] = std::min(*value, 100);
-    }
+    for (std::size_t i = 0; i < settings.SoundIntvl.size(); ++i)
+        if (const auto value = ReadIniNumber(ini, keys::SoundIntvl, static_cast<int>(i) + 1))
+            settings.SoundIntvl[i] = static_cast<int>(*value);
+    for (std::size_t i = 0; i < settings.SoundVol.size(); ++i)
+        if (const auto value = ReadIniNumber(ini, keys::SoundVol, static_cast<int>(i) + 1))
+            settings.SoundVol[i] = static_cast<int>(*value);
 
+    const IniFolders folders{paths.ProgramPath, paths.DataFolder};
     settings.LastMusicPath.clear();
-    const std::string lastMusic = ini.ReadIniValue("Sound", "LastMusicPath");
-    if (IsPresent(lastMusic)) {
-        const std::string folder = ConfiguredPath(lastMusic, paths.ProgramPath, services.registry);
-        if (IsOK(FolderExists(services.files, folder)))
+    if (const auto lastMusic = ReadIniText(ini, keys::LastMusicPath)) {
+        const std::string folder =
+            IniPathOf(keys::LastMusicPath, *lastMusic, folders, services.registry);
+        if (!folder.empty() && IsOK(FolderExists(services.files, folder)))
             settings.LastMusicPath = folder;
     }
 
     settings.MusicFiles.clear();
     for (int i = 1;; ++i) {
-        const std::string file = ini.ReadIniValue("Sound", "MusicFile" + std::to_string(i));
-        if (!IsPresent(file))
+        const auto file = ReadIniText(ini, keys::MusicFile, i);
+        if (!file)
             break;
-        const std::string path = ConfiguredPath(file, paths.ProgramPath, services.registry);
-        if (IsOK(FileExists(services.files, path)))
+        const std::string path = IniPathOf(keys::MusicFile, *file, folders, services.registry, i);
+        if (!path.empty() && IsOK(FileExists(services.files, path)))
             settings.MusicFiles.push_back(path);
     }
 }
 
 void ReadLastInstalled(const CloudIniFile& ini, CloudIniSettings& settings)
 {
-    const auto limit = ParseInteger16(ini.ReadIniValue("LastInstalled", "NumberOfDisp"));
-    settings.NumberOfDisp = !limit || *limit < 0 ? 3 : (*limit == 0 ? 1 : *limit);
+    settings.NumberOfDisp =
+        static_cast<int>(ReadIniNumber(ini, keys::NumberOfDisp).value_or(settings.NumberOfDisp));
 
     settings.LastInstalled.clear();
     for (int i = 1;; ++i) {
-        const std::string value = ini.ReadIniValue("LastInstalled", std::to_string(i));
-        if (!IsPresent(value))
+        const auto value = ReadIniText(ini, keys::LastInstalledEntry, i);
+        if (!value)
             break;
-        const std::string_view entry = TrimBlanks(value);
+        const std::string_view entry = TrimBlanks(*value);
         const std::size_t comma = entry.find(',');
         if (comma == std::string_view::npos)
             continue;
@@ -136,11 +120,11 @@ void ReadToolTips(const CloudIniFile& ini, CloudIniSettings& settings)
 {
     settings.ToolTips.clear();
     for (const auto& [key, controls] : ToolTipControls()) {
-        const std::string tip = ini.ReadIniValue("ToolTipsText", key);
-        if (!IsPresent(tip) || tip.empty())
+        const auto tip = ReadIniText(ini, *FindIniKey("ToolTipsText", key));
+        if (!tip || tip->empty())
             continue;
         for (const std::string& control : controls)
-            settings.ToolTips.emplace_back(control, tip);
+            settings.ToolTips.emplace_back(control, *tip);
     }
 }
 
@@ -172,24 +156,21 @@ LoadOutcome ReadSets(Services& services, CloudIniFile& ini, const ProgramPaths& 
     settings.Sets.clear();
     const std::string textureFolder = JoinPath(paths.DataFolder, "Texture");
     for (int number = 1;; ++number) {
-        const std::string section = "Set" + std::to_string(number);
-        const std::string dirName = std::string(TrimBlanks(ini.ReadIniValue(section, "DirName")));
-        if (!IsPresent(dirName)) {
+        const auto dirNameText = ReadIniText(ini, keys::SetDirName, number);
+        if (!dirNameText) {
             if (number == 1)
                 return FailRead(services, ini, "Process was stopped.");
             break;
         }
-        const std::string alias = ini.ReadIniValue(section, "Alias");
-        const bool random = !EqualsIgnoreCase(ini.ReadIniValue(section, "Random"), "off");
-        const std::string orderText = ini.ReadIniValue(section, "Order");
-        const std::optional<int> order =
-            IsNumericText(orderText) ? ParseInteger16(orderText) : std::nullopt;
-        const bool hasAlias = IsPresent(alias) && !alias.empty();
+        const std::string dirName(TrimBlanks(*dirNameText));
+        const std::string alias = ReadIniText(ini, keys::SetAlias, number).value_or("");
+        const bool random = ReadIniChoice(ini, keys::SetRandom, number) != "off";
+        const std::optional<int> order = ReadIniNumber(ini, keys::SetOrder, number);
+        const bool hasAlias = !alias.empty();
 
-        const auto from = ParseInteger16(ini.ReadIniValue(section, "from"));
-        if (from) {
-            const int to = ParseInteger16(ini.ReadIniValue(section, "to")).value_or(*from);
-            for (int i = *from; i <= to; ++i) {
+        if (const std::optional<long> from = ReadIniNumber(ini, keys::SetFrom, number)) {
+            const long to = ReadIniNumber(ini, keys::SetTo, number).value_or(*from);
+            for (int i = static_cast<int>(*from); i <= to; ++i) {
                 const std::string member = SeriesFolderName(dirName, i);
                 if (IsError(FolderExists(services.files, JoinPath(textureFolder, member))))
                     continue;
@@ -214,15 +195,14 @@ LoadOutcome ReadSets(Services& services, CloudIniFile& ini, const ProgramPaths& 
 void ReadBackupList(const CloudIniFile& ini, CloudIniSettings& settings)
 {
     settings.BackupList.clear();
-    settings.BackupAll =
-        EqualsIgnoreCase(TrimBlanks(ini.ReadIniValue("ToBeBackuped", "bk")), "all");
+    settings.BackupAll = ReadIniChoice(ini, keys::BackupWhat) == "all";
     if (settings.BackupAll)
         return;
     for (int i = 1;; ++i) {
-        const std::string item = ini.ReadIniValue("ToBeBackuped", "bk" + std::to_string(i));
-        if (!IsPresent(item))
+        const auto item = ReadIniText(ini, keys::BackupItem, i);
+        if (!item)
             break;
-        settings.BackupList.push_back(item);
+        settings.BackupList.push_back(*item);
     }
 }
 
@@ -241,18 +221,22 @@ bool IniChangedDuringRun(MessageService& messages, const CloudIniFile& ini)
 
 const std::vector<std::pair<std::string, TextList>>& ToolTipControls()
 {
-    static const std::vector<std::pair<std::string, TextList>> table = {
-        {"Sky", {"optSky"}},
-        {"Situation", {"optFLT"}},
-        {"Random", {"cmdRandom"}},
-        {"Inst&RunFs", {"cmdInstAndStart"}},
-        {"Install", {"cmdInst"}},
-        {"AutoInstall", {"lblAutoRandom"}},
-        {"RndomTime/Off", {"lblTime"}},
-        {"Option", {"lblOption"}},
-        {"FilterOfList", {"lblFilter0", "lblFilter1", "lblFilter2", "lblFilter3", "lblFilter5"}},
-        {"DataList", {"lstSky"}},
-    };
+    static const std::vector<std::pair<std::string, TextList>> table = [] {
+        std::vector<std::pair<std::string, TextList>> tips;
+        for (const IniKey* row : CloudIniKeys::kAll) {
+            if (row->section != "ToolTipsText")
+                continue;
+            TextList controls;
+            std::string_view names = row->setting;
+            while (!names.empty()) {
+                const std::size_t blank = names.find(' ');
+                controls.emplace_back(names.substr(0, blank));
+                names = blank == std::string_view::npos ? "" : names.substr(blank + 1);
+            }
+            tips.emplace_back(std::string(row->key), std::move(controls));
+        }
+        return tips;
+    }();
     return table;
 }
 
@@ -272,40 +256,38 @@ LoadOutcome LoadCloudIni(Services& services, CloudIniFile& ini, ProgramPaths& pa
         return LoadOutcome::EndProgram;
     }
 
-    const std::string appName = ini.ReadIniValue("AppName", "Name");
-    if (!IsPresent(appName))
-        return FailRead(services, ini, CantRead("AppName", "Name"));
-    settings.AppName = appName;
+    const auto appName = ReadIniText(ini, keys::AppName);
+    if (!appName)
+        return FailRead(
+            services, ini,
+            CantRead(std::string(keys::AppName.section), std::string(keys::AppName.key)));
+    settings.AppName = *appName;
 
-    const std::string randomWait = ini.ReadIniValue("Test", "RandomWait");
-    settings.RandomWait =
-        IsNumericText(randomWait) ? static_cast<long>(*ParseNumber(randomWait)) : 0;
+    settings.RandomWait = ReadIniNumber(ini, keys::RandomWait).value_or(settings.RandomWait);
     settings.BackupOriginals = false; // the backup buttons stay switched off
     settings.SituationEnabled = true;
     ReadSituation(services, ini, paths, settings);
 
-    settings.ShowSkyFiles = BooleanOr(ini.ReadIniValue("ShowSkyFiles", "ShowFiles"), false);
+    settings.ShowSkyFiles = ReadIniBoolean(ini, keys::ShowSkyFiles, settings.ShowSkyFiles);
     settings.UnloadAfterFsStart =
-        BooleanOr(ini.ReadIniValue("Unload", "Unload_Me_After_FsStart"), false);
-    settings.StretchMode = !EqualsIgnoreCase(ini.ReadIniValue("StretchMode", "Stretch"), "off");
-    settings.StartSel =
-        EqualsIgnoreCase(ini.ReadIniValue("StartSel", "Sel"), "situation") ? "situation" : "sky";
+        ReadIniBoolean(ini, keys::UnloadAfterFsStart, settings.UnloadAfterFsStart);
+    settings.StretchMode = ReadIniChoice(ini, keys::StretchMode) != "off";
+    settings.StartSel = ReadIniChoice(ini, keys::StartSel);
     settings.AutoRandomInterval = 0;
     settings.AutoRandomStep = 1;
     if (checks.SplashEnabled) {
         // The counter is read here from [StartSel], while the rotation writes it to
         // [Splash Screen]: the two places are kept apart on purpose.
-        settings.SplashLastNo = ParseInteger16(ini.ReadIniValue("StartSel", "LastNo")).value_or(0);
-        settings.SplashMode =
-            EqualsIgnoreCase(ini.ReadIniValue("StartSel", "Mode"), "order") ? "order" : "random";
+        settings.SplashLastNo = static_cast<int>(
+            ReadIniNumber(ini, keys::SplashLastNo).value_or(settings.SplashLastNo));
+        settings.SplashMode = ReadIniChoice(ini, keys::SplashMode);
     }
     ReadSound(services, ini, paths, settings);
     ReadLastInstalled(ini, settings);
     ReadToolTips(ini, settings);
     if (ReadSets(services, ini, paths, settings) == LoadOutcome::EndProgram)
         return LoadOutcome::EndProgram;
-    settings.SaveSelection =
-        BooleanOr(ini.ReadIniValue("LoadSaveSelection", "Sel"), settings.SaveSelection);
+    settings.SaveSelection = ReadIniBoolean(ini, keys::SaveSelection, settings.SaveSelection);
     ReadBackupList(ini, settings);
     return LoadOutcome::Loaded;
 }

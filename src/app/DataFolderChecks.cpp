@@ -11,7 +11,7 @@
 #include "common/Services.h"
 #include "common/TextCompare.h"
 #include "config/CloudIniFile.h"
-#include "config/ConfiguredPath.h"
+#include "config/CloudIniSchema.h"
 #include "config/ProgramPaths.h"
 #include "textures/SetCatalogue.h"
 
@@ -24,21 +24,16 @@ namespace {
 // The name the placement message gives the program.
 constexpr const char* kExecutableName = "Vellumar";
 
-bool IsPresent(const std::string& value)
-{
-    return !IsError(value);
-}
+namespace keys = CloudIniKeys;
 
 // The fonts named in cloud.ini must be installed; the report lists what could be used instead.
 void CheckFonts(Services& services, const CloudIniFile& ini, const InstalledFonts& installedFonts,
                 DataFolderSettings& settings)
 {
-    const std::string proportional = ini.ReadIniValue("Font", "Proportional");
-    const std::string fix = ini.ReadIniValue("Font", "Fix");
-    if (IsPresent(proportional))
-        settings.ProportionalFont = proportional;
-    if (IsPresent(fix))
-        settings.FixFont = fix;
+    if (const auto proportional = ReadIniText(ini, keys::FontProportional))
+        settings.ProportionalFont = *proportional;
+    if (const auto fix = ReadIniText(ini, keys::FontFix))
+        settings.FixFont = *fix;
     // Nothing named, nothing to look up; without windows the installed fonts are unknown.
     if (settings.ProportionalFont.empty() && settings.FixFont.empty())
         return;
@@ -109,12 +104,11 @@ void CheckSplashFolder(Services& services, const CloudIniFile& ini, const Progra
                        DataFolderSettings& settings)
 {
     settings.SplashEnabled = false;
-    if (!EqualsIgnoreCase(ini.ReadIniValue("Splash Screen", "Splash"), "on"))
+    if (ReadIniChoice(ini, keys::Splash) != "on")
         return;
-    const std::string value = ini.ReadIniValue("Splash Screen", "Path");
-    settings.SplashFolder = IsPresent(value) && !TrimBlanks(value).empty()
-                                ? ConfiguredPath(value, paths.ProgramPath, services.registry)
-                                : JoinPath(paths.DataFolder, "Splash Screen");
+    const std::string value = ReadIniRaw(ini, keys::SplashPath);
+    settings.SplashFolder = IniPathOf(keys::SplashPath, value,
+                                      {paths.ProgramPath, paths.DataFolder}, services.registry);
     if (IsError(FolderExists(services.files, settings.SplashFolder))) {
         services.messages.ShowMessage("[Splash Screen] Path = " + value + "\nFile path is " +
                                           settings.SplashFolder +
@@ -132,27 +126,17 @@ void CheckOtherFolders(Services& services, const CloudIniFile& ini, const Progra
                        DataFolderSettings& settings, bool report)
 {
     TextList missing;
-    auto configured = [&](const std::string& section, const std::string& key,
-                          const std::string& fallback) {
-        const std::string value = ini.ReadIniValue(section, key);
-        if (!IsPresent(value) || TrimBlanks(value).empty())
-            return fallback;
-        return ConfiguredPath(value, paths.ProgramPath, services.registry);
-    };
-
-    settings.SituationFolder =
-        configured("Situation", "Loc", JoinPath(paths.DataFolder, "Situation"));
+    const IniFolders folders{paths.ProgramPath, paths.DataFolder};
+    settings.SituationFolder = ReadIniPath(ini, keys::SituationLoc, folders, services.registry);
     if (IsError(FolderExists(services.files, settings.SituationFolder)))
         missing.push_back(settings.SituationFolder);
-    for (int channel = 1; channel <= 3; ++channel) {
-        const std::string number = std::to_string(channel);
+    for (int channel = 1; channel <= keys::SoundChannelPath.last; ++channel) {
         std::string& folder = settings.SoundChannelFolders[static_cast<std::size_t>(channel - 1)];
-        folder = configured("Sound", "Ch" + number + "Path",
-                            JoinPath(JoinPath(paths.ProgramPath, "Sound"), "Ch" + number));
+        folder = ReadIniPath(ini, keys::SoundChannelPath, folders, services.registry, channel);
         if (IsError(FolderExists(services.files, folder)))
             missing.push_back(folder);
     }
-    settings.EditorPath = configured("Editor", "Path", "");
+    settings.EditorPath = ReadIniPath(ini, keys::EditorPath, folders, services.registry);
     if (!settings.EditorPath.empty() && IsError(FileExists(services.files, settings.EditorPath)))
         missing.push_back(settings.EditorPath);
 
@@ -166,6 +150,16 @@ void CheckOtherFolders(Services& services, const CloudIniFile& ini, const Progra
 }
 
 } // namespace
+
+std::string ResolveDataFolder(std::string_view value, const std::string& programPath,
+                              FileOperations& files, Registry& registry)
+{
+    const IniFolders folders{programPath, programPath};
+    const std::string folder = IniPathOf(keys::DataFolderPath, value, folders, registry);
+    if (IsOK(FolderExists(files, folder)))
+        return folder;
+    return IniDefaultPath(keys::DataFolderPath, folders);
+}
 
 std::string NoDataFolderText()
 {
@@ -186,24 +180,17 @@ StartUpOutcome RunDataFolderChecks(Services& services, CloudIniFile& ini, Progra
                                    DataFolderSettings& settings)
 {
     // 1. The path check: anything but on/off is taken as on.
-    std::string pathCheck = ini.ReadIniValue("PathCheck", "Check");
-    if (!EqualsIgnoreCase(pathCheck, "on") && !EqualsIgnoreCase(pathCheck, "off")) {
+    const std::string pathCheck = ReadIniRaw(ini, keys::PathCheck);
+    if (!IsIniChoice(keys::PathCheck, pathCheck))
         ini.Write("PathCheck", "Check", "on");
-        pathCheck = "on";
-    }
-    settings.PathCheckRan = EqualsIgnoreCase(pathCheck, "on");
+    settings.PathCheckRan = ReadIniChoice(ini, keys::PathCheck) == "on";
 
     // 2. Fonts.
     CheckFonts(services, ini, installedFonts, settings);
 
     // 3. The data folder: the program folder unless cloud.ini names an existing one.
-    paths.DataFolder = paths.ProgramPath;
-    const std::string dataFolder = ini.ReadIniValue("DataFolder", "Path");
-    if (IsPresent(dataFolder) && !TrimBlanks(dataFolder).empty()) {
-        const std::string folder = ConfiguredPath(dataFolder, paths.ProgramPath, services.registry);
-        if (IsOK(FolderExists(services.files, folder)))
-            paths.DataFolder = folder;
-    }
+    paths.DataFolder = ResolveDataFolder(ReadIniRaw(ini, keys::DataFolderPath), paths.ProgramPath,
+                                         services.files, services.registry);
 
     // 4. The program must not keep its data in the simulator's own folder.
     if (!paths.FsPath.empty() && SamePath(services.files, paths.DataFolder, paths.FsPath)) {

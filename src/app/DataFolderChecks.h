@@ -6,10 +6,13 @@
 
 #include <array>
 #include <string>
+#include <string_view>
 
 namespace vellumar {
 
 class CloudIniFile;
+class FileOperations;
+class Registry;
 struct ProgramPaths;
 struct Services;
 
@@ -35,6 +38,11 @@ enum class StartUpOutcome { Continue, EndProgram };
 StartUpOutcome RunDataFolderChecks(Services& services, CloudIniFile& ini, ProgramPaths& paths,
                                    const InstalledFonts& installedFonts,
                                    DataFolderSettings& settings);
+
+// The data folder [DataFolder] Path names (its value as read; "Error" when absent): the
+// program's folder when the value is empty or names no existing folder.
+std::string ResolveDataFolder(std::string_view value, const std::string& programPath,
+                              FileOperations& files, Registry& registry);
 
 // The text shown when data folders are missing.
 std::string NoDataFolderText();

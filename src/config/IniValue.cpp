@@ -2,8 +2,8 @@
 
 #include "common/TextCompare.h"
 
+#include <charconv>
 #include <cmath>
-#include <cstdlib>
 #include <string>
 
 namespace vellumar {
@@ -49,22 +49,24 @@ std::optional<double> ParseNumber(std::string_view text)
 {
     if (!IsNumericText(text))
         return std::nullopt;
-    const std::string number(TrimBlanks(text));
-    const double value = std::strtod(number.c_str(), nullptr);
-    if (!std::isfinite(value))
-        return std::nullopt;
-    return value;
-}
-
-std::optional<int> ParseInteger16(std::string_view text)
-{
-    const std::optional<double> number = ParseNumber(text);
-    if (!number)
-        return std::nullopt;
-    const double rounded = std::nearbyint(*number); // the default rounding mode: halves to even
-    if (rounded < -32768.0 || rounded > 32767.0)
-        return std::nullopt;
-    return static_cast<int>(rounded);
+    std::string_view number = TrimBlanks(text);
+    const bool negative = number.front() == '-';
+    if (number.front() == '+' || negative)
+        number.remove_prefix(1);
+    double value = 0;
+    const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
+    (void)end;
+    if (error == std::errc::result_out_of_range) {
+        // Beyond a double: a negative exponent, or no exponent and nothing before the point
+        // but zeros, makes it tiny; anything else huge.
+        const std::size_t exponent = number.find_first_of("eE");
+        const bool tiny = exponent != std::string_view::npos
+                              ? number.find('-', exponent) != std::string_view::npos
+                              : number.substr(0, number.find('.')).find_first_not_of('0') ==
+                                    std::string_view::npos;
+        value = tiny ? 0.0 : HUGE_VAL;
+    }
+    return negative ? -value : value;
 }
 
 std::optional<bool> ParseBooleanText(std::string_view text)

@@ -16,10 +16,8 @@ std::optional<bool> ParseBooleanText(std::string_view text);
 // A number as users write them in settings: blanks around it, a sign, digits with an optional
 // decimal point, an optional exponent.
 bool IsNumericText(std::string_view text);
+// The number a numeric text stands for, whatever the locale's decimal point; a number too
+// large for a double is infinite (with its sign), one too small is 0.
 std::optional<double> ParseNumber(std::string_view text);
-
-// A numeric text as a 16-bit integer, rounded to the nearest (halves to even); nothing when
-// it is not a number or does not fit.
-std::optional<int> ParseInteger16(std::string_view text);
 
 } // namespace vellumar

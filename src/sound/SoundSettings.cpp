@@ -6,7 +6,7 @@
 #include "common/ResultText.h"
 #include "common/TextCompare.h"
 #include "config/CloudIniFile.h"
-#include "config/ConfiguredPath.h"
+#include "config/CloudIniSchema.h"
 
 namespace vellumar {
 
@@ -15,16 +15,17 @@ namespace {
 // The path of a valid wave file for one sound, or "" after telling why not.
 std::string ValidateOne(const CloudIniFile& ini, FileOperations& files, MessageService& messages,
                         Registry& registry, const std::string& dataFolder, bool reportProblems,
-                        const std::string& section)
+                        const IniKey& fileKey)
 {
-    const std::string raw = ini.ReadIniValue(section, "File");
+    const std::string section(fileKey.section);
+    const std::string raw = ReadIniRaw(ini, fileKey);
     const std::string value(TrimBlanks(raw));
     std::string path = value;
     std::string reason;
     if (IsError(value) || value.empty()) {
         reason = "No Ini description.";
     } else {
-        path = ConfiguredPath(value, dataFolder, registry);
+        path = IniPathOf(fileKey, value, IniFolders{dataFolder, dataFolder}, registry);
         if (IsError(FileExists(files, path)))
             reason = "Not found the file.";
         else if (ToLowerAscii(TextAfterLast(path, '.')) != "wav")
@@ -47,12 +48,13 @@ SoundSettings ValidateSoundSettings(const CloudIniFile& ini, FileOperations& fil
                                     const std::string& dataFolder, bool reportProblems)
 {
     SoundSettings settings;
-    if (!EqualsIgnoreCase(ini.ReadIniValue("ButtonSound", "Beep"), "off"))
-        settings.ButtonSoundPath =
-            ValidateOne(ini, files, messages, registry, dataFolder, reportProblems, "ButtonSound");
-    if (EqualsIgnoreCase(ini.ReadIniValue("AutoRandomSound", "Beep"), "on"))
-        settings.AutoRandomSoundPath = ValidateOne(ini, files, messages, registry, dataFolder,
-                                                   reportProblems, "AutoRandomSound");
+    if (ReadIniChoice(ini, CloudIniKeys::ButtonSoundBeep) != "off")
+        settings.ButtonSoundPath = ValidateOne(ini, files, messages, registry, dataFolder,
+                                               reportProblems, CloudIniKeys::ButtonSoundFile);
+    if (ReadIniChoice(ini, CloudIniKeys::AutoRandomSoundBeep) == "on")
+        settings.AutoRandomSoundPath =
+            ValidateOne(ini, files, messages, registry, dataFolder, reportProblems,
+                        CloudIniKeys::AutoRandomSoundFile);
     return settings;
 }
 
