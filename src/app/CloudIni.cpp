@@ -128,14 +128,6 @@ void ReadToolTips(const CloudIniFile& ini, CloudIniSettings& settings)
     }
 }
 
-// Folder names of a numbered series: one blank before the number, two for the thunderstorm
-// sets, as their folders are named on disk.
-std::string SeriesFolderName(const std::string& dirName, int number)
-{
-    const bool storm = StartsWithIgnoreCase(LastPathComponent(dirName), "t-storm");
-    return dirName + (storm ? "  " : " ") + std::to_string(number);
-}
-
 void AddSet(Services& services, const std::string& dirName, const std::string& name,
             const ProgramPaths& paths, bool random, std::optional<int> order,
             CloudIniSettings& settings)
@@ -207,6 +199,12 @@ void ReadBackupList(const CloudIniFile& ini, CloudIniSettings& settings)
 }
 
 } // namespace
+
+std::string SeriesFolderName(const std::string& dirName, int number)
+{
+    const bool storm = StartsWithIgnoreCase(LastPathComponent(dirName), "t-storm");
+    return dirName + (storm ? "  " : " ") + std::to_string(number);
+}
 
 bool IniChangedDuringRun(MessageService& messages, const CloudIniFile& ini)
 {

@@ -65,6 +65,10 @@ LoadOutcome LoadCloudIni(Services& services, CloudIniFile& ini, ProgramPaths& pa
 // window. Run before the program acts on settings it keeps in cloud.ini.
 bool IniChangedDuringRun(MessageService& messages, const CloudIniFile& ini);
 
+// The folder name of member `number` of a set's numbered series ([SetN] from, to): one blank
+// before the number, two for the thunderstorm sets, as their folders are named on disk.
+std::string SeriesFolderName(const std::string& dirName, int number);
+
 // The controls that receive the tip of each [ToolTipsText] key, in the table's order.
 const std::vector<std::pair<std::string, TextList>>& ToolTipControls();
 

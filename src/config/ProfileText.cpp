@@ -322,6 +322,26 @@ std::string Read(std::string_view contents, std::optional<std::string_view> sect
     return ProfileDocument(std::string(contents)).Read(section, key, defaultValue, bufferSize);
 }
 
+std::vector<ProfileLine> Lines(std::string_view contents)
+{
+    std::vector<ProfileLine> result;
+    const std::vector<Line> lines = SplitLines(contents);
+    result.reserve(lines.size());
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        ProfileLine line;
+        line.number = i + 1;
+        line.kind = lines[i].kind == Line::Kind::Section ? ProfileLine::Kind::Section
+                    : lines[i].kind == Line::Kind::Key   ? ProfileLine::Kind::Key
+                                                         : ProfileLine::Kind::Blank;
+        line.name = lines[i].name;
+        line.hasValue = lines[i].hasValue;
+        if (line.hasValue)
+            line.value = CopyEntry(lines[i].value, 2048, true);
+        result.push_back(std::move(line));
+    }
+    return result;
+}
+
 std::optional<std::string> Edit(std::string_view contents, std::string_view section,
                                 std::string_view key, std::optional<std::string_view> value)
 {

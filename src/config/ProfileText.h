@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vellumar {
 
@@ -49,6 +50,16 @@ private:
     struct Parsed;
     std::shared_ptr<const Parsed> parsed_;
 };
+
+// One line of a profile file as the reader sees it, for tools that point at lines.
+struct ProfileLine {
+    std::size_t number = 0; // 1 for the first line
+    enum class Kind { Blank, Section, Key } kind = Kind::Blank;
+    std::string_view name; // the section or key name, trimmed
+    bool hasValue = false; // a key line with "="
+    std::string value;     // the value as a read returns it (quotes removed, cut to 2047)
+};
+std::vector<ProfileLine> Lines(std::string_view contents);
 
 // The file after setting `key` of `section` to `value` (or deleting the key when `value` is
 // absent). Only the key's own line changes: a changed value keeps the line's indentation and
