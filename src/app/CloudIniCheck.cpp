@@ -10,6 +10,7 @@
 #include "common/TextCompare.h"
 #include "config/CloudIniFile.h"
 #include "config/CloudIniSchema.h"
+#include "config/CodePage.h"
 #include "config/IniValue.h"
 #include "config/ProfileText.h"
 
@@ -250,7 +251,7 @@ private:
         auto report = [&](const std::string& problem) {
             add(line.number, section_.name, key, problem);
         };
-        const std::string& raw = line.value;
+        const std::string raw = DecodeAnsiText(line.value);
         const std::string value = StripIniComment(raw);
         // A comment is marked by a blank before the apostrophe; one inside a word (Pilot's)
         // was most likely meant as part of the value.

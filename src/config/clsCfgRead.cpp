@@ -4,6 +4,7 @@
 #include "common/FileOperations.h"
 #include "common/MessageService.h"
 #include "common/ResultText.h"
+#include "config/CodePage.h"
 #include "config/ProfileText.h"
 
 #include <optional>
@@ -30,8 +31,18 @@ std::string clsCfgRead::DataOf(const ProfileText::ProfileDocument& document,
                                const std::string& section, const std::string& key)
 {
     const std::string missing(kError);
-    if (!section.empty() && !key.empty())
-        return document.Read(section, key, missing, kBufferSize);
+    // The program asks and answers in UTF-8, whatever the file is written in.
+    if (!section.empty() && !key.empty()) {
+        std::string value = document.Read(section, key, missing, kBufferSize);
+        if (value == missing) {
+            // A file in the ANSI code page holds a name outside ASCII in that code page.
+            const std::optional<std::string> ansiSection = EncodeAnsiText(section);
+            const std::optional<std::string> ansiKey = EncodeAnsiText(key);
+            if (ansiSection && ansiKey && (*ansiSection != section || *ansiKey != key))
+                value = document.Read(*ansiSection, *ansiKey, missing, kBufferSize);
+        }
+        return DecodeAnsiText(value);
+    }
 
     std::string list = section.empty()
                            ? document.Read(std::nullopt, std::nullopt, missing, kBufferSize)
@@ -40,7 +51,7 @@ std::string clsCfgRead::DataOf(const ProfileText::ProfileDocument& document,
     // list has none to remove.
     if (!list.empty() && list.back() == '\0')
         list.pop_back();
-    return list;
+    return DecodeAnsiText(list);
 }
 
 } // namespace vellumar
