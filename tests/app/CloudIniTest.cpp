@@ -8,6 +8,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <functional>
+
 namespace vellumar {
 namespace {
 
@@ -57,56 +60,72 @@ protected:
     }
 };
 
-TEST_F(CloudIniTest, AMinimalConfigurationLoadsQuietlyWithEveryDefault)
+TEST_F(CloudIniTest, ValuesUsersWriteReadAsTheTableSays)
 {
-    install("");
-    ASSERT_EQ(load(), LoadOutcome::Loaded);
+    struct Reading {
+        const char* lines;
+        std::function<std::string(const CloudIniSettings&)> setting;
+        std::string expected;
+    };
+    const auto intvl1 = [](const CloudIniSettings& s) { return std::to_string(s.SoundIntvl[0]); };
+    const auto vol2 = [](const CloudIniSettings& s) { return std::to_string(s.SoundVol[1]); };
+    const auto shown = [](const CloudIniSettings& s) { return std::to_string(s.NumberOfDisp); };
+    const auto wait = [](const CloudIniSettings& s) { return std::to_string(s.RandomWait); };
+    const auto startSel = [](const CloudIniSettings& s) { return s.StartSel; };
+    const auto stretch = [](const CloudIniSettings& s) { return std::to_string(s.StretchMode); };
+    const auto skyFiles = [](const CloudIniSettings& s) { return std::to_string(s.ShowSkyFiles); };
+    const auto alias = [](const CloudIniSettings& s) { return s.Sets.back().name; };
+    const std::vector<Reading> cases = {
+        {"[Sound]\r\nCh1Intvl=75\r\n", intvl1, "60"},
+        {"[Sound]\r\nCh1Intvl=abc\r\n", intvl1, "5"},
+        {"[Sound]\r\nCh1Intvl=1e400\r\n", intvl1, "60"},
+        {"[Sound]\r\nCh1Intvl=-1e30\r\n", intvl1, "5"}, // ignored: the value before the load
+        {"[Sound]\r\nCh1Intvl=2.5\r\n", intvl1, "2"},
+        {"[Sound]\r\nCh2Vol=150\r\n", vol2, "100"},
+        {"[Sound]\r\nCh2Vol= 40 ' quieter\r\n", vol2, "40"},
+        {"[LastInstalled]\r\nNumberOfDisp=0\r\n", shown, "1"},
+        {"[LastInstalled]\r\nNumberOfDisp=-2\r\n", shown, "3"},
+        {"[LastInstalled]\r\nNumberOfDisp=1e30\r\n", shown, "32767"},
+        {"[Test]\r\nRandomWait=250.9\r\n", wait, "250"},
+        {"[Test]\r\nRandomWait=1e400\r\n", wait, "2147483647"},
+        {"[Test]\r\nRandomWait=-1e30\r\n", wait, "-2147483648"},
+        {"[Test]\r\nRandomWait=soon\r\n", wait, "0"},
+        {"[StartSel]\r\nSel=SITUATION 'start there\r\n", startSel, "situation"},
+        {"[StartSel]\r\nSel=fly\r\n", startSel, "sky"},
+        {"[StretchMode]\r\nStretch=OFF\r\n", stretch, "0"},
+        {"[StretchMode]\r\nStretch=no\r\n", stretch, "1"},
+        {"[ShowSkyFiles]\r\nShowFiles=1\r\n", skyFiles, "1"},
+        {"[ShowSkyFiles]\r\nShowFiles=maybe\r\n", skyFiles, "0"},
+        {"[Set2]\r\nDirName=Sky\\Blue\r\nAlias='\r\n", alias, "Blue"},
+        {"[Set2]\r\nDirName=Sky\\Blue\r\nAlias=Deep 'blue\r\n", alias, "Deep"},
+    };
+    for (const Reading& reading : cases) {
+        settings = CloudIniSettings();
+        install(reading.lines);
+        ASSERT_EQ(load(), LoadOutcome::Loaded) << reading.lines;
+        EXPECT_EQ(reading.setting(settings), reading.expected) << reading.lines;
+    }
     EXPECT_TRUE(fakes.messages.empty());
-    EXPECT_EQ(settings.AppName, "Vellumar 2004");
-    EXPECT_EQ(settings.RandomWait, 0);
-    EXPECT_FALSE(settings.BackupOriginals);
-    EXPECT_TRUE(settings.SituationEnabled);
-    EXPECT_FALSE(settings.ShowSkyFiles);
-    EXPECT_FALSE(settings.UnloadAfterFsStart);
-    EXPECT_TRUE(settings.StretchMode);
-    EXPECT_EQ(settings.StartSel, "sky");
-    EXPECT_EQ(settings.AutoRandomInterval, 0);
-    EXPECT_EQ(settings.SoundIntvl, (std::array<int, 2>{5, 5}));
-    EXPECT_EQ(settings.SoundVol, (std::array<int, 3>{50, 50, 50}));
-    EXPECT_EQ(settings.NumberOfDisp, 3);
-    EXPECT_TRUE(settings.ToolTips.empty());
-    ASSERT_EQ(settings.Sets.size(), 1u);
-    EXPECT_EQ(settings.Sets[0].name, "Summer haze");
-    EXPECT_EQ(settings.Sets[0].compatibility, 1);
 }
 
-TEST_F(CloudIniTest, ValuesLoseTheirCommentsAndChoicesIgnoreCase)
+TEST_F(CloudIniTest, ANegativeSoundValueLeavesTheOldValue)
 {
-    install("[StartSel]\r\nSel=SITUATION 'start on the situation list\r\n"
-            "[StretchMode]\r\nStretch=OFF\r\n[ShowSkyFiles]\r\nShowFiles=true\r\n"
-            "[Unload]\r\nUnload_Me_After_FsStart=1\r\n[Test]\r\nRandomWait=250\r\n");
-    ASSERT_EQ(load(), LoadOutcome::Loaded);
-    EXPECT_EQ(settings.StartSel, "situation");
-    EXPECT_FALSE(settings.StretchMode);
-    EXPECT_TRUE(settings.ShowSkyFiles);
-    EXPECT_TRUE(settings.UnloadAfterFsStart);
-    EXPECT_EQ(settings.RandomWait, 250);
-
-    install("[StartSel]\r\nSel=fly\r\n[StretchMode]\r\nStretch=no\r\n[ShowSkyFiles]\r\nShowFiles="
-            "maybe\r\n");
-    ASSERT_EQ(load(), LoadOutcome::Loaded);
-    EXPECT_EQ(settings.StartSel, "sky");
-    EXPECT_TRUE(settings.StretchMode);
-    EXPECT_FALSE(settings.ShowSkyFiles);
-}
-
-TEST_F(CloudIniTest, SoundValuesAreClampedAndNegativeOnesLeaveTheOldValue)
-{
-    install("[Sound]\r\nCh1Intvl=75\r\nCh2Intvl=abc\r\nCh1Vol=-5\r\nCh2Vol=150\r\n");
+    install("[Sound]\r\nCh1Vol=-5\r\n");
     settings.SoundVol[0] = 33;
     ASSERT_EQ(load(), LoadOutcome::Loaded);
-    EXPECT_EQ(settings.SoundIntvl, (std::array<int, 2>{60, 5}));
-    EXPECT_EQ(settings.SoundVol, (std::array<int, 3>{33, 100, 50}));
+    EXPECT_EQ(settings.SoundVol, (std::array<int, 3>{33, 50, 50}));
+}
+
+TEST_F(CloudIniTest, ANameInTheAnsiCodePageFindsItsFolderAndShowsRight)
+{
+    static char westernEurope[] = "VELLUMAR_CODEPAGE=1252";
+    putenv(westernEurope);
+    temp.write("Texture/Clouds/Ciel \xC3\xA9t\xC3\xA9/cld01.bmp");
+    install("[Set2]\r\nDirName=Clouds\\Ciel \xE9t\xE9\r\nAlias=\xC9t\xE9 \xE0 Nice\r\n");
+    ASSERT_EQ(load(), LoadOutcome::Loaded);
+    EXPECT_TRUE(fakes.messages.empty());
+    ASSERT_EQ(settings.Sets.size(), 2u);
+    EXPECT_EQ(settings.Sets[1].name, "\xC3\x89t\xC3\xA9 \xC3\xA0 Nice");
 }
 
 TEST_F(CloudIniTest, LastInstalledLimitAndEntries)

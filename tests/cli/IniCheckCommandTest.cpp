@@ -1,10 +1,19 @@
 #include "cli/IniCheckCommand.h"
 
+#include "app/CloudIni.h"
+#include "app/DataFolderChecks.h"
+#include "common/TextCompare.h"
+#include "config/CloudIniFile.h"
+#include "config/CloudIniSchema.h"
+#include "config/ProfileText.h"
+#include "config/ProgramPaths.h"
+#include "demo/DemoDefaultCloudIni.h"
 #include "support/TempFolder.h"
 #include "support/TestServices.h"
 
 #include <gtest/gtest.h>
 
+#include <set>
 #include <sstream>
 
 namespace vellumar {
@@ -106,6 +115,46 @@ TEST_F(IniCheckTest, TheProgramsOwnFileWithoutProblemsPasses)
 
     EXPECT_EQ(check(temp / "other.ini"), 1);
     EXPECT_EQ(err.str(), "vellumar-cli: no such file: " + (temp / "other.ini") + "\n");
+}
+
+// The commented cloud.ini that ships with the program is its documentation: it names every key
+// the program knows (the optional ones at least in a comment line ";key=..."), and a fresh
+// installation with it loads without a message and checks clean.
+TEST_F(IniCheckTest, TheExampleFileDocumentsEveryKeyAndChecksClean)
+{
+    const std::string example(DefaultCloudIni());
+    std::set<std::string> written;
+    std::string section;
+    for (const ProfileText::ProfileLine& line : ProfileText::Lines(example)) {
+        if (line.kind == ProfileText::ProfileLine::Kind::Section)
+            section = ToLowerAscii(line.name);
+        else if (line.hasValue)
+            written.insert(
+                section + "/" +
+                ToLowerAscii(TrimBlanks(line.name.substr(line.name.starts_with(";") ? 1 : 0))));
+    }
+    for (const IniKey* row : CloudIniKeys::kAll)
+        EXPECT_TRUE(
+            written.contains(ToLowerAscii(IniName(row->section, 1) + "/" + IniName(row->key, 1))))
+            << "[" << row->section << "] " << row->key;
+
+    temp.write("Texture/Clouds/My first set/cld01.bmp");
+    temp.write("button.wav");
+    temp.write("AppData/Microsoft/FS9/fs9.cfg");
+    for (const char* folder : {"Situation", "Splash Screen", "Sound/Ch1", "Sound/Ch2", "Sound/Ch3"})
+        temp.makeFolder(folder);
+    temp.write("cloud.ini", example);
+    EXPECT_EQ(check(), 0) << out.str();
+
+    ProgramPaths paths;
+    paths.ProgramPath = temp.path();
+    paths.AppDataPath = temp / "AppData";
+    DataFolderSettings checks;
+    CloudIniSettings settings;
+    CloudIniFile ini(fakes.files, fakes.messages, temp / "cloud.ini");
+    EXPECT_EQ(LoadCloudIni(fakes.services, ini, paths, {}, checks, settings), LoadOutcome::Loaded);
+    EXPECT_TRUE(fakes.messages.empty());
+    EXPECT_EQ(settings.Sets.size(), 1u);
 }
 
 } // namespace
