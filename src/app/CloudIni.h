@@ -2,6 +2,7 @@
 
 #include "common/InstalledFonts.h"
 #include "common/TextList.h"
+#include "config/CloudIniSchema.h"
 #include "textures/LastInstalled.h"
 #include "textures/TextureSetEntry.h"
 
@@ -23,29 +24,31 @@ struct Services;
 // replaces them, except where a key that is absent (or out of range) leaves a value as it was.
 struct CloudIniSettings {
     std::string AppName;
-    long RandomWait = 0;
+    long RandomWait = IniDefaultNumber(CloudIniKeys::RandomWait);
     bool BackupOriginals = false;
     std::string SituationCfgFile;
     std::string SituationSection;
     std::string SituationKey;
     bool SituationEnabled = true;
-    bool ShowSkyFiles = false;
-    bool UnloadAfterFsStart = false;
-    bool StretchMode = true;
-    std::string StartSel = "sky";
+    bool ShowSkyFiles = IniDefaultBoolean(CloudIniKeys::ShowSkyFiles);
+    bool UnloadAfterFsStart = IniDefaultBoolean(CloudIniKeys::UnloadAfterFsStart);
+    bool StretchMode = IniDefaultBoolean(CloudIniKeys::StretchMode);
+    std::string StartSel{CloudIniKeys::StartSel.defaultValue};
     double AutoRandomInterval = 0;
     int AutoRandomStep = 1;
-    int SplashLastNo = 0;
-    std::string SplashMode = "random";
-    std::array<int, 2> SoundIntvl{5, 5};
-    std::array<int, 3> SoundVol{50, 50, 50};
+    int SplashLastNo = IniDefaultNumber(CloudIniKeys::SplashLastNo);
+    std::string SplashMode{CloudIniKeys::SplashMode.defaultValue};
+    static constexpr int kIntvl = IniDefaultNumber(CloudIniKeys::SoundIntvl);
+    static constexpr int kVol = IniDefaultNumber(CloudIniKeys::SoundVol);
+    std::array<int, CloudIniKeys::SoundIntvl.last> SoundIntvl{kIntvl, kIntvl};
+    std::array<int, CloudIniKeys::SoundVol.last> SoundVol{kVol, kVol, kVol};
     std::string LastMusicPath;
     TextList MusicFiles;
-    int NumberOfDisp = 3;
+    int NumberOfDisp = IniDefaultNumber(CloudIniKeys::NumberOfDisp);
     std::vector<LastInstalledEntry> LastInstalled;
     // Object names of the controls and the tips they get, in the order of [ToolTipsText].
     std::vector<std::pair<std::string, std::string>> ToolTips;
-    bool SaveSelection = false;
+    bool SaveSelection = IniDefaultBoolean(CloudIniKeys::SaveSelection);
     std::vector<TextureSetEntry> Sets;
     bool BackupAll = false;
     TextList BackupList;

@@ -57,7 +57,7 @@ struct IniKey {
     // What an absent or unusable value reads as. A Choice reads any other word as this one.
     // A Path default starts with "<program>" or "<data>" (the program's or data folder).
     std::string_view defaultValue{};
-    std::string_view choices{};       // Choice: the words, separated by "|"
+    std::string_view choices{};     // Choice: the words, separated by "|"
     std::array<IniBand, 2> bands{}; // Integer16, Long: numbers that read as something else
     IniNeed need = IniNeed::Optional;
     IniAbsent absent = IniAbsent::Default;
@@ -489,6 +489,19 @@ inline constexpr auto kAll = std::to_array<const IniKey*>({&AppName,
                                                            &SetOrder});
 
 } // namespace CloudIniKeys
+
+// A key's default as a number, or as True/False, for settings that start out at it.
+constexpr long IniDefaultNumber(const IniKey& key)
+{
+    long value = 0;
+    for (char c : key.defaultValue)
+        value = value * 10 + (c - '0');
+    return value;
+}
+constexpr bool IniDefaultBoolean(const IniKey& key)
+{
+    return key.defaultValue == "True" || key.defaultValue == "on";
+}
 
 // A numbered name with its number: ("Ch#Vol", 2) gives "Ch2Vol". Other names stay.
 std::string IniName(std::string_view pattern, int number);

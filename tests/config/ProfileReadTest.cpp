@@ -133,13 +133,6 @@ TEST(ProfileRead, KeysSplitAtTheFirstEquals)
     EXPECT_EQ(Get(ini, "A", "f"), "= x");
 }
 
-TEST(ProfileRead, ANamelessFirstKeyEmptiesTheKeyList)
-{
-    EXPECT_EQ(Keys("[A]\n=x\n=y\n", "A"), "Error");
-    EXPECT_EQ(Keys("[A]\n=x\nk=1\n", "A"), "Error");
-    EXPECT_EQ(Keys("[A]\nk=1\n=x\n", "A"), "k\0\0"s);
-}
-
 TEST(ProfileRead, LineEndsOfEveryKind)
 {
     for (const std::string& ini :
@@ -164,46 +157,6 @@ TEST(ProfileRead, CtrlZIsABlankAndNulEndsANameOrValue)
     EXPECT_EQ(Get("[B\0C]\nk=1\n"s, "B", "k"), "1");
 }
 
-TEST(ProfileRead, LongValuesAreCutToTheBuffer)
-{
-    const std::string ini = "[A]\nlong=" + std::string(3000, 'v') + "\nshort=abcdef\n";
-    EXPECT_EQ(Get(ini, "A", "long"), std::string(2047, 'v'));
-    EXPECT_EQ(Get(ini, "A", "short", 4), "abc");
-    EXPECT_EQ(Get(ini, "A", "short", 7), "abcdef");
-    EXPECT_EQ(Get(ini, "A", "short", 1), "");
-    EXPECT_EQ(Get(ini, "A", "short", 0), "");
-    EXPECT_EQ(Get(ini, "A", "missing", 3), "Er");
-}
-
-TEST(ProfileRead, ListsThatOverflowTheBufferAreCutAsThePlatformCutsThem)
-{
-    // 300 names of 10 characters: 3,300 characters with their terminators.
-    std::string ini = "[A]\n";
-    std::string sectionsIni;
-    std::string all;
-    for (int i = 0; i < 300; ++i) {
-        char name[16];
-        std::snprintf(name, sizeof name, "k%09d", i);
-        ini += std::string(name) + "=1\n";
-        sectionsIni += "[" + std::string(name) + "]\n";
-        all += std::string(name) + '\0';
-    }
-    EXPECT_EQ(Keys(ini, "A", 3302), all);
-    EXPECT_EQ(Keys(ini, "A", 3301), all.substr(0, 3299));
-    EXPECT_EQ(Keys(ini, "A", 3300), all.substr(0, 3298));
-    EXPECT_EQ(Keys(ini, "A", 2048), all.substr(0, 2046));
-    EXPECT_EQ(Sections(sectionsIni, 3302), all);
-    EXPECT_EQ(Sections(sectionsIni, 3301), all.substr(0, 3299));
-    EXPECT_EQ(Sections(sectionsIni, 2048), all.substr(0, 2046));
-
-    EXPECT_EQ(Keys("[A]\nabc=1\ndef=2\n", "A", 10), "abc\0def\0"s);
-    EXPECT_EQ(Keys("[A]\nabc=1\ndef=2\n", "A", 9), "abc\0def"s);
-    EXPECT_EQ(Sections("[A]\n[B]\n", 6), "A\0B\0"s);
-    EXPECT_EQ(Sections("[A]\n[B]\n", 5), "A\0B"s);
-    // Too small for any name: the default, cut to the buffer.
-    EXPECT_EQ(Keys("[A]\nabc=1\n", "A", 2), "E");
-}
-
 TEST(ProfileRead, AnEmptyOrMissingSectionListsAsTheDefault)
 {
     EXPECT_EQ(Keys("[A]\n", "A"), "Error");
@@ -212,12 +165,6 @@ TEST(ProfileRead, AnEmptyOrMissingSectionListsAsTheDefault)
     EXPECT_EQ(ProfileText::Read("[A]\n", "B", std::nullopt, "", 2048), "");
     EXPECT_EQ(Keys("", "A"), "Error");
     EXPECT_EQ(Sections(""), "");
-}
-
-TEST(ProfileRead, TheDefaultLosesTrailingSpacesAndQuotes)
-{
-    EXPECT_EQ(ProfileText::Read("", "A", "k", "  def  ", 2048), "  def");
-    EXPECT_EQ(ProfileText::Read("", "A", "k", "\"dq\"", 2048), "dq");
 }
 
 } // namespace
