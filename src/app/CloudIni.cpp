@@ -26,7 +26,7 @@ namespace keys = CloudIniKeys;
 // A fatal read problem: the next start runs the full path check.
 LoadOutcome FailRead(Services& services, CloudIniFile& ini, const std::string& text)
 {
-    ini.Write("PathCheck", "Check", "on");
+    ini.Write(std::string(keys::PathCheck.section), std::string(keys::PathCheck.key), "on");
     services.messages.ShowMessage(
         text + "\nPath check will be done on next running.\nIt may help your problem.",
         MessageStyle::OKOnly | MessageStyle::Critical, "ini read Error");

@@ -182,7 +182,7 @@ StartUpOutcome RunDataFolderChecks(Services& services, CloudIniFile& ini, Progra
     // 1. The path check: anything but on/off is taken as on.
     const std::string pathCheck = ReadIniRaw(ini, keys::PathCheck);
     if (!IsIniChoice(keys::PathCheck, pathCheck))
-        ini.Write("PathCheck", "Check", "on");
+        ini.Write(std::string(keys::PathCheck.section), std::string(keys::PathCheck.key), "on");
     settings.PathCheckRan = ReadIniChoice(ini, keys::PathCheck) == "on";
 
     // 2. Fonts.
@@ -227,7 +227,7 @@ StartUpOutcome RunDataFolderChecks(Services& services, CloudIniFile& ini, Progra
 
     // 10. The full check ran; the next start may skip the reports.
     if (settings.PathCheckRan)
-        ini.Write("PathCheck", "Check", "off");
+        ini.Write(std::string(keys::PathCheck.section), std::string(keys::PathCheck.key), "off");
     return StartUpOutcome::Continue;
 }
 

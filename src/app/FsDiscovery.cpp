@@ -8,6 +8,7 @@
 #include "common/Services.h"
 #include "common/TextCompare.h"
 #include "config/CloudIniFile.h"
+#include "config/CloudIniSchema.h"
 #include "config/ConfiguredPath.h"
 #include "config/ProgramPaths.h"
 #include "config/clsRegRead.h"
@@ -46,8 +47,9 @@ DiscoveryOutcome FindFsFolder(Services& services, CloudIniFile& ini, ProgramPath
     if (!HoldsSimulator(services, paths.FsRegPath)) {
         std::string kept;
         if (IsOK(FileExists(services.files, ini.path()))) {
-            const std::string value(TrimBlanks(ini.ReadIniValue("FS2004Path", "Path")));
-            if (!value.empty() && !IsError(value))
+            const std::string value(
+                TrimBlanks(ReadIniText(ini, CloudIniKeys::FsPath).value_or("")));
+            if (!value.empty())
                 kept = ConfiguredPath(value, paths.ProgramPath, services.registry);
         }
         if (HoldsSimulator(services, kept)) {
@@ -65,7 +67,8 @@ DiscoveryOutcome FindFsFolder(Services& services, CloudIniFile& ini, ProgramPath
                 }
             } while (!HoldsSimulator(services, chosen));
             paths.FsRegPath = chosen;
-            ini.Write("FS2004Path", "Path", chosen);
+            ini.Write(std::string(CloudIniKeys::FsPath.section),
+                      std::string(CloudIniKeys::FsPath.key), chosen);
         }
     }
     paths.FsPaths[0] = paths.FsRegPath;
