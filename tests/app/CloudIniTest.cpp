@@ -1,6 +1,8 @@
 #include "app/CloudIni.h"
 
 #include "app/DataFolderChecks.h"
+#include "common/FileHelpers.h"
+#include "common/ResultText.h"
 #include "config/CloudIniFile.h"
 #include "config/ProgramPaths.h"
 #include "support/TempFolder.h"
@@ -120,7 +122,8 @@ TEST_F(CloudIniTest, ANameInTheAnsiCodePageFindsItsFolderAndShowsRight)
 {
     static char westernEurope[] = "VELLUMAR_CODEPAGE=1252";
     putenv(westernEurope);
-    temp.write("Texture/Clouds/Ciel \xC3\xA9t\xC3\xA9/cld01.bmp");
+    // Made through the program's own file operations, which name files in UTF-8 everywhere.
+    ASSERT_TRUE(IsOK(MakeFolderPath(fakes.files, temp / "Texture/Clouds/Ciel \xC3\xA9t\xC3\xA9")));
     install("[Set2]\r\nDirName=Clouds\\Ciel \xE9t\xE9\r\nAlias=\xC9t\xE9 \xE0 Nice\r\n");
     ASSERT_EQ(load(), LoadOutcome::Loaded);
     EXPECT_TRUE(fakes.messages.empty());
