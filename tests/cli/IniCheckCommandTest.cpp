@@ -7,7 +7,6 @@
 #include "config/CloudIniSchema.h"
 #include "config/ProfileText.h"
 #include "config/ProgramPaths.h"
-#include "demo/DemoDefaultCloudIni.h"
 #include "support/TempFolder.h"
 #include "support/TestServices.h"
 
@@ -122,7 +121,8 @@ TEST_F(IniCheckTest, TheProgramsOwnFileWithoutProblemsPasses)
 // installation with it loads without a message and checks clean.
 TEST_F(IniCheckTest, TheExampleFileDocumentsEveryKeyAndChecksClean)
 {
-    const std::string example(DefaultCloudIni());
+    const std::string example =
+        fakes.files.readFile(VELLUMAR_EXAMPLE_CLOUD_INI).value_or("(missing)");
     std::set<std::string> written;
     std::string section;
     for (const ProfileText::ProfileLine& line : ProfileText::Lines(example)) {
