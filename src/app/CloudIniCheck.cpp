@@ -340,28 +340,42 @@ private:
         }
     }
 
-    // Numbered lists end at their first missing number; what follows is never read.
+    // Numbered lists end at their first missing number; what follows is never read. One
+    // finding, at the first entry left out, stands for all of them.
     void checkLists()
     {
+        auto reportCut = [this](const std::map<int, std::size_t>& after, const std::string& section,
+                                const std::string& key, const std::string& what,
+                                const std::string& why) {
+            if (after.empty())
+                return;
+            const std::size_t more = after.size() - 1;
+            const auto& [number, line] = *after.begin();
+            add(line, IniName(section, number), IniName(key, number),
+                "never read" +
+                    (more ? " (nor are the " + std::to_string(more) + " " + what + " after it)"
+                          : std::string()) +
+                    ": " + why);
+        };
         for (const auto& [where, lines] : listKeys_) {
             int gap = 1;
             while (lines.count(gap))
                 ++gap;
-            for (const auto& [number, line] : lines)
-                if (number > gap)
-                    add(line, std::string(where.first->section), IniName(where.first->key, number),
-                        "never read: the list ends at the missing " +
-                            IniName(where.first->key, gap));
+            const std::map<int, std::size_t> after(lines.upper_bound(gap), lines.end());
+            reportCut(after, std::string(where.first->section), std::string(where.first->key),
+                      "entries", "the list ends at the missing " + IniName(where.first->key, gap));
         }
         while (setLines_.count(setGap_))
             ++setGap_;
+        std::map<int, std::size_t> setsAfter;
         for (const auto& [name, line] : sectionLines_) {
             const std::optional<int> number = MatchIniName(keys::SetDirName.section, name, 0);
             if (number && *number > setGap_)
-                add(line, IniName(keys::SetDirName.section, *number), "",
-                    "never read: the list of sets ends at [" +
-                        IniName(keys::SetDirName.section, setGap_) + "], which has no DirName");
+                setsAfter[*number] = line;
         }
+        reportCut(setsAfter, std::string(keys::SetDirName.section), "", "sets",
+                  "the list of sets ends at [" + IniName(keys::SetDirName.section, setGap_) +
+                      "], which has no DirName");
     }
 
     void checkRequired()
