@@ -64,8 +64,8 @@ int IniSet(const CommandSet::Texts& args, CliContext& context)
                                                          clsCfgRead::kBufferSize);
     const std::optional<std::string> contents = context.services.files.readFile(writer.FileName);
     const bool written = contents && !writer.Section.empty() && !writer.Key.empty() &&
-                         ProfileText::Read(*contents, writer.Section, writer.Key, kError,
-                                           clsCfgRead::kBufferSize) == expected;
+                         clsCfgRead::DataOf(ProfileText::ProfileDocument(*contents), writer.Section,
+                                            writer.Key) == expected;
     if (!written) {
         context.err << "vellumar-cli: could not write [" << writer.Section << "] " << writer.Key
                     << " in " << writer.FileName << '\n';
