@@ -13,6 +13,7 @@
 #include "config/CodePage.h"
 #include "config/IniValue.h"
 #include "config/ProfileText.h"
+#include "textures/SetCatalogue.h"
 
 #include <algorithm>
 #include <map>
@@ -401,26 +402,37 @@ private:
                 TrimBlanks(ReadIniText(ini_, keys::SetDirName, number).value_or("")));
             const std::string section = IniName(keys::SetDirName.section, number);
             const std::size_t line = setLines_[number];
+            auto report = [&](const std::string& problem) {
+                add(line, section, "DirName", problem);
+            };
+            TextList found;
             const std::optional<long> from = ReadIniNumber(ini_, keys::SetFrom, number);
             if (!from) {
                 const std::string folder = JoinPath(textureFolder, dirName);
                 if (IsError(FolderExists(services_.files, folder)))
-                    add(line, section, "DirName",
-                        "Data folder was not found: " + ToNativeSeparators(folder));
-                continue;
+                    report("Data folder was not found: " + ToNativeSeparators(folder));
+                else
+                    found.push_back(folder);
+            } else {
+                const long to = ReadIniNumber(ini_, keys::SetTo, number).value_or(*from);
+                for (long i = *from; i <= to; ++i) {
+                    const std::string folder =
+                        JoinPath(textureFolder, SeriesFolderName(dirName, static_cast<int>(i)));
+                    if (IsOK(FolderExists(services_.files, folder)))
+                        found.push_back(folder);
+                }
+                if (found.empty())
+                    report("none of the folders of the series from " + std::to_string(*from) +
+                           " to " + std::to_string(to) + " exists: " +
+                           ToNativeSeparators(JoinPath(
+                               textureFolder, SeriesFolderName(dirName, static_cast<int>(*from)))));
             }
-            const long to = ReadIniNumber(ini_, keys::SetTo, number).value_or(*from);
-            bool any = false;
-            for (long i = *from; i <= to && !any; ++i)
-                any = IsOK(FolderExists(
-                    services_.files,
-                    JoinPath(textureFolder, SeriesFolderName(dirName, static_cast<int>(i)))));
-            if (!any)
-                add(line, section, "DirName",
-                    "none of the folders of the series from " + std::to_string(*from) + " to " +
-                        std::to_string(to) + " exists: " +
-                        JoinPath(textureFolder,
-                                 SeriesFolderName(dirName, static_cast<int>(*from))));
+            // Files the simulator under Wine could not open are left out of every install.
+            for (const std::string& folder : found)
+                for (const RefusedFile& refused :
+                     ListRefusedSetFiles(services_.files, services_.events, folder))
+                    report("\"" + refused.name + "\" in " + ToNativeSeparators(folder) +
+                           " is not offered: " + refused.reason);
         }
         std::stable_sort(findings_.begin(), findings_.end(),
                          [](const IniFinding& a, const IniFinding& b) { return a.line < b.line; });
