@@ -1,6 +1,7 @@
 #include "cli/IniCommands.h"
 
 #include "cli/CommandSet.h"
+#include "cli/IniCheckCommand.h"
 #include "common/FileHelpers.h"
 #include "common/FileOperations.h"
 #include "common/ResultText.h"
@@ -96,6 +97,14 @@ void AddIniCommands(CommandSet& commands)
                   {"KEY", "the key"},
                   {"VALUE", "the value; \"\" deletes the key"}},
                  [&context](const CommandSet::Texts& args) { return IniSet(args, context); });
+
+    commands
+        .add(ini, "check", "check a cloud.ini: one line per problem, with its line number",
+             {{"FILE", "the file to check (default: the program's own cloud.ini)", false}},
+             [&context](const CommandSet::Texts& args) {
+                 return RunIniCheckCommand(args[0], context.services, context.out, context.err);
+             })
+        .footer("Exit status: 0 nothing wrong, 1 something is, 2 usage error.");
 }
 
 } // namespace vellumar

@@ -2,6 +2,7 @@
 
 #include "app/CloudIni.h"
 #include "app/DataFolderChecks.h"
+#include "cli/CliCommands.h"
 #include "common/TextCompare.h"
 #include "config/CloudIniFile.h"
 #include "config/CloudIniSchema.h"
@@ -109,7 +110,8 @@ TEST_F(IniCheckTest, TheProgramsOwnFileWithoutProblemsPasses)
                             "CfgFile=fs9.cfg\nLoc=Data\\Situation ' where the flights are\n"
                             "[Set1]\nDirName=Clouds\\Summer haze\n[Set2]\nDirName=Storms\\t-storm\n"
                             "from=1\nto=3\n");
-    EXPECT_EQ(check(), 0);
+    // Through the command line, as a user runs it.
+    EXPECT_EQ(RunCliCommand({"ini", "check"}, fakes.services, out, err), 0);
     EXPECT_EQ(out.str(), (temp / "cloud.ini") + ": no problems found\n");
 
     EXPECT_EQ(check(temp / "other.ini"), 1);
