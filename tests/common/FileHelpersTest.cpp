@@ -150,20 +150,6 @@ TEST_F(FileHelpersTest, FindFileInTreeStopsAtTheFirstFind)
     EXPECT_EQ(folder, "unchanged");
 }
 
-TEST_F(FileHelpersTest, ReadOnlyFilesRefuseDeletionButFoldersIgnoreTheFlag)
-{
-    const std::string file = temp.write("texture/sky.bmp", "original");
-    ASSERT_TRUE(files->setAttributes(file, FileAttribute::ReadOnly));
-    EXPECT_TRUE(*files->attributes(file) & FileAttribute::ReadOnly);
-    EXPECT_FALSE(files->deleteFile(file));
-    EXPECT_EQ(temp.read("texture/sky.bmp"), "original");
-    EXPECT_FALSE(files->replaceFile(file, "new"));
-    EXPECT_EQ(temp.read("texture/sky.bmp"), "original");
-    ASSERT_TRUE(files->setAttributes(file, FileAttribute::Archive));
-    EXPECT_FALSE(*files->attributes(file) & FileAttribute::ReadOnly);
-    EXPECT_TRUE(files->deleteFile(file));
-}
-
 TEST_F(FileHelpersTest, CopiesNeverOverwriteAndKeepTheTimeStamp)
 {
     const std::string source = temp.write("a.bmp", "new bytes");
@@ -174,18 +160,6 @@ TEST_F(FileHelpersTest, CopiesNeverOverwriteAndKeepTheTimeStamp)
     ASSERT_TRUE(files->copyFile(source, fresh));
     EXPECT_EQ(temp.read("c.bmp"), "new bytes");
     EXPECT_EQ(files->modificationTime(source), files->modificationTime(fresh));
-}
-
-TEST_F(FileHelpersTest, ReplaceFileWritesNewFilesAndKeepsNoTemporaries)
-{
-    const std::string ini = temp / "cloud.ini";
-    ASSERT_TRUE(files->replaceFile(ini, "[a]\r\nk=1\r\n"));
-    ASSERT_TRUE(files->replaceFile(ini, "[a]\r\nk=2\r\n"));
-    EXPECT_EQ(temp.read("cloud.ini"), "[a]\r\nk=2\r\n");
-    TextList all;
-    ListFiles(*files, events, temp.path(), "*.*", all);
-    EXPECT_EQ(all, (TextList{ini}));
-    EXPECT_FALSE(files->replaceFile(temp / "missing/cloud.ini", "x"));
 }
 
 } // namespace

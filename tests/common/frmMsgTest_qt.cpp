@@ -176,12 +176,14 @@ void frmMsgTest::eachButtonAnswers_data()
     QTest::addColumn<int>("style");
     QTest::addColumn<QString>("button");
     QTest::addColumn<int>("result");
-    // Every one of the five buttons once; the answer of each layout is checked in core.
+    // Every button of every layout; the OK layout's one button answers in the other tests.
     QTest::newRow("1 OK") << 1 << QStringLiteral("cmd12") << MessageResult::OK;
     QTest::newRow("1 Cancel") << 1 << QStringLiteral("cmd22") << MessageResult::Cancel;
     QTest::newRow("3 Yes") << 3 << QStringLiteral("cmd13") << MessageResult::Yes;
     QTest::newRow("3 No") << 3 << QStringLiteral("cmd23") << MessageResult::No;
     QTest::newRow("3 Cancel") << 3 << QStringLiteral("cmd33") << MessageResult::Cancel;
+    QTest::newRow("4 Yes") << 4 << QStringLiteral("cmd12") << MessageResult::Yes;
+    QTest::newRow("5 No") << 5 << QStringLiteral("cmd22") << MessageResult::No;
 }
 
 void frmMsgTest::eachButtonAnswers()
@@ -265,6 +267,7 @@ void frmMsgTest::defaultButtonHasTheFocus_data()
     QTest::newRow("1 + 256") << 1 + 256 << QStringLiteral("cmd22") << MessageResult::Cancel;
     QTest::newRow("1 + 512, no third") << 1 + 512 << QStringLiteral("cmd12") << MessageResult::OK;
     QTest::newRow("3") << 3 << QStringLiteral("cmd13") << MessageResult::Yes;
+    QTest::newRow("3 + 256") << 3 + 256 << QStringLiteral("cmd23") << MessageResult::No;
     QTest::newRow("3 + 512") << 3 + 512 << QStringLiteral("cmd33") << MessageResult::Cancel;
 }
 
