@@ -133,8 +133,7 @@ private Q_SLOTS:
     void messageSoundPlaysBeforeTheWindowShows();
     void deactivationTakesTheFocusBack();
     void mainWindowDisabledWhileWaitingAndFocusedAfter();
-    void hiddenMainWindowIsEnabledButNotShown();
-    void disabledMainWindowStaysDisabled();
+    void hiddenOrDisabledMainWindowIsNeitherShownNorActivated();
     void layoutsFit();
 };
 
@@ -501,48 +500,36 @@ void frmMsgTest::mainWindowDisabledWhileWaitingAndFocusedAfter()
              MessageResult::OK);
 }
 
-void frmMsgTest::hiddenMainWindowIsEnabledButNotShown()
+void frmMsgTest::hiddenOrDisabledMainWindowIsNeitherShownNorActivated()
 {
-    // Hidden to the tray: enabled again afterwards, but neither shown nor activated.
-    QWidget other;
-    other.show();
-    QVERIFY(QTest::qWaitForWindowActive(&other));
-    QWidget main;
-    main.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&main));
-    main.hide();
-    QtMessageService service;
-    service.setMainWindow(&main);
-    bool disabledWhileWaiting = false;
-    ShowAndAct(service, QStringLiteral("Tray"), 0, [&](frmMsg& window) {
-        disabledWhileWaiting = !main.isEnabled();
-        Control<QPushButton>(window, "cmd23")->click();
-    });
-    QVERIFY(disabledWhileWaiting);
-    QVERIFY(main.isEnabled());
-    QVERIFY(!main.isVisible());
-    QTest::qWait(50);
-    QVERIFY(QApplication::activeWindow() != &main);
-}
-
-void frmMsgTest::disabledMainWindowStaysDisabled()
-{
-    QWidget other;
-    other.show();
-    QVERIFY(QTest::qWaitForWindowActive(&other));
-    QWidget main;
-    main.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&main));
-    main.setEnabled(false);
-    other.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&other));
-    QtMessageService service;
-    service.setMainWindow(&main);
-    ShowAndAct(service, QStringLiteral("Busy"), 0,
-               [](frmMsg& window) { Control<QPushButton>(window, "cmd23")->click(); });
-    QVERIFY(!main.isEnabled());
-    QTest::qWait(50);
-    QVERIFY(QApplication::activeWindow() != &main); // not focused: it was disabled
+    // Hidden to the tray: enabled again afterwards, but neither shown nor activated. Disabled
+    // before the message (the program was busy): it stays so, and unfocused.
+    for (const bool hidden : {true, false}) {
+        QWidget other;
+        other.show();
+        QVERIFY(QTest::qWaitForWindowActive(&other));
+        QWidget main;
+        main.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&main));
+        if (hidden)
+            main.hide();
+        else
+            main.setEnabled(false);
+        other.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&other));
+        QtMessageService service;
+        service.setMainWindow(&main);
+        bool disabledWhileWaiting = false;
+        ShowAndAct(service, QStringLiteral("Tray"), 0, [&](frmMsg& window) {
+            disabledWhileWaiting = !main.isEnabled();
+            Control<QPushButton>(window, "cmd23")->click();
+        });
+        QVERIFY(disabledWhileWaiting);
+        QCOMPARE(main.isEnabled(), hidden);
+        QCOMPARE(main.isVisible(), !hidden);
+        QTest::qWait(50);
+        QVERIFY(QApplication::activeWindow() != &main);
+    }
 }
 
 // The four kinds of window with real fonts: nothing overlaps, nothing leaves the panel below
