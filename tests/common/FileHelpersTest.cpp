@@ -58,16 +58,6 @@ TEST_F(FileHelpersTest, NamesAreFoundWithoutRegardToCaseAndWithBackslashes)
     EXPECT_EQ(files->readFile(temp / "TEXTURE/CLOUDS/cloud3.bmp").value_or("?"), "x");
 }
 
-TEST_F(FileHelpersTest, TrailingDotsAndBlanksAndDotDotAreReadAsWindowsReadsThem)
-{
-    temp.write("Texture/Clouds/Summer haze/cld01.bmp");
-    const std::string clouds = Backslashed(temp / "Texture/Clouds");
-    EXPECT_EQ(FolderExists(*files, clouds + "\\Summer haze."), "OK");
-    EXPECT_EQ(FileExists(*files, clouds + ".\\Summer haze\\cld01.bmp. "), "OK");
-    EXPECT_EQ(FileExists(*files, clouds + "\\..\\Clouds\\Summer haze\\*.bmp"), "OK");
-    EXPECT_EQ(files->readFile(clouds + "\\Summer haze\\cld01.bmp.").value_or("?"), "x");
-}
-
 TEST_F(FileHelpersTest, FolderExistsOnlyForFolders)
 {
     temp.write("data/file.txt");

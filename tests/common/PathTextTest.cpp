@@ -26,15 +26,6 @@ TEST(PathText, TheRootFolderSurvivesTrimmingOnLinux)
 }
 #endif
 
-TEST(PathText, FolderOfPath)
-{
-    EXPECT_EQ(FolderOfPath("file.txt"), "file.txt");
-    EXPECT_EQ(FolderOfPath("C:\\a\\b.bmp"), "C:\\a");
-    EXPECT_EQ(FolderOfPath("\\b.bmp"), "");
-    EXPECT_EQ(FolderOfPath("/home/user/b.bmp"), "/home/user");
-    EXPECT_EQ(FolderOfPath("/home/user\\texture\\b.bmp"), "/home/user\\texture");
-}
-
 TEST(PathText, TextAfterLastKeepsItsAsymmetry)
 {
     EXPECT_EQ(TextAfterLast("\\abc", '\\'), "");
