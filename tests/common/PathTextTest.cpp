@@ -49,12 +49,5 @@ TEST(PathText, FileNameOfPathEndingInSeparatorTellsTheUserAndGoesOn)
     EXPECT_EQ(shown.text, "ファイル名とりこみでパス名の最後に￥がありました。");
 }
 
-TEST(PathText, CutAtNul)
-{
-    EXPECT_EQ(CutAtNul(std::string_view("name.bmp\0\0\0junk", 16)), "name.bmp");
-    EXPECT_EQ(CutAtNul("  plain  "), "plain");
-    EXPECT_EQ(CutAtNul(std::string_view("\0abc", 4)), "");
-}
-
 } // namespace
 } // namespace vellumar
