@@ -108,38 +108,6 @@ TEST_F(FileHelpersTest, ListFilesInTreeGivesFolderFilesBeforeSubfolderFiles)
     EXPECT_EQ(without[2], temp / "root/sub/deeper/c.bmp");
 }
 
-TEST_F(FileHelpersTest, ListSubfoldersGivesBareNamesWithoutDotEntries)
-{
-    temp.makeFolder("lib/Clouds");
-    temp.makeFolder("lib/Option");
-    temp.write("lib/file.txt");
-    TextList list;
-    ListSubfolders(*files, events, temp / "lib", list);
-    EXPECT_EQ(sorted(list), (TextList{"Clouds", "Option"}));
-    TextList none;
-    ListSubfolders(*files, events, temp / "missing", none);
-    EXPECT_TRUE(none.empty());
-}
-
-TEST_F(FileHelpersTest, FindFileInTreeStopsAtTheFirstFind)
-{
-    temp.write("Sound/a/other.wav");
-    temp.write("Sound/b/XTHUN4C.WAV");
-    bool found = false;
-    std::string folder;
-    FindFileInTree(*files, events, temp / "Sound", "xthun4c.wav", found, &folder);
-    EXPECT_TRUE(found);
-    EXPECT_EQ(folder, temp / "Sound/b");
-
-    bool notFound = false;
-    FindFileInTree(*files, events, temp / "Sound", "missing.wav", notFound);
-    EXPECT_FALSE(notFound);
-    // Found before: nothing changes.
-    folder = "unchanged";
-    FindFileInTree(*files, events, temp / "Sound", "other.wav", found, &folder);
-    EXPECT_EQ(folder, "unchanged");
-}
-
 TEST_F(FileHelpersTest, CopiesNeverOverwriteAndKeepTheTimeStamp)
 {
     const std::string source = temp.write("a.bmp", "new bytes");
