@@ -60,14 +60,6 @@ TEST_F(FsDiscoveryTest, TheRegistryWinsAndTheKeptPathIsLeftAlone)
     EXPECT_TRUE(fakes.folderBrowser.prompts.empty());
 }
 
-TEST_F(FsDiscoveryTest, WithoutARegistryEntryTheKeptPathServes)
-{
-    temp.write("cloud.ini", "[FS2004Path]\r\nPath=  " + simulator("FS9") + "  \r\n");
-    ASSERT_EQ(find(), DiscoveryOutcome::Found);
-    EXPECT_EQ(paths.FsRegPath, temp / "FS9");
-    EXPECT_TRUE(fakes.folderBrowser.prompts.empty());
-}
-
 TEST_F(FsDiscoveryTest, AKeptPathWithoutTheSimulatorAsksUntilAFolderHoldsIt)
 {
     temp.write("cloud.ini", "[FS2004Path]\r\nPath=" + temp.makeFolder("Old") + "\r\n");
@@ -81,12 +73,14 @@ TEST_F(FsDiscoveryTest, AKeptPathWithoutTheSimulatorAsksUntilAFolderHoldsIt)
     EXPECT_TRUE(fakes.messages.empty()); // a wrong folder just asks again
 }
 
-TEST_F(FsDiscoveryTest, ARegistryEntryOfAnUninstalledSimulatorCountsAsNone)
+TEST_F(FsDiscoveryTest, WithoutAUsableRegistryEntryTheKeptPathServes)
 {
+    // The registry names a simulator that was uninstalled since: as good as no entry.
     fakes.registry.setSimulatorFolder(temp / "Removed");
-    temp.write("cloud.ini", "[FS2004Path]\r\nPath=" + simulator("FS9") + "\r\n");
+    temp.write("cloud.ini", "[FS2004Path]\r\nPath=  " + simulator("FS9") + "  \r\n");
     ASSERT_EQ(find(), DiscoveryOutcome::Found);
     EXPECT_EQ(paths.FsRegPath, temp / "FS9");
+    EXPECT_TRUE(fakes.folderBrowser.prompts.empty());
 }
 
 TEST_F(FsDiscoveryTest, CancellingTheBrowserEndsTheProgram)

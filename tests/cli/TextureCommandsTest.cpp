@@ -59,15 +59,11 @@ TEST_F(TextureCommandsTest, SetsAndFilesInCatalogueOrder)
     EXPECT_NE(err.str().find("there is no texture set called \"Nothing\""), std::string::npos);
 }
 
-TEST_F(TextureCommandsTest, InstallAsksAndWithoutYesCancels)
+TEST_F(TextureCommandsTest, InstallAsksAndOnlyWithYesPlacesTheFilesAndRecordsTheSet)
 {
     EXPECT_EQ(run({"install", "Summer haze"}), CliExit::Failed);
     EXPECT_EQ(fakes.messages.last().title, "Installation");
     EXPECT_EQ(temp.read("FS9/texture/cld01.bmp"), "original cloud");
-}
-
-TEST_F(TextureCommandsTest, InstallWithYesPlacesTheFilesAndRecordsTheSet)
-{
     EXPECT_EQ(run({"install", "Summer haze", "--option", "Trail", "--yes"}), CliExit::Success);
     EXPECT_EQ(temp.read("FS9/texture/cld01.bmp"), "summer cloud");
     EXPECT_EQ(temp.read("FS9/weather/clouds/clouds.cld"), "summer cld");

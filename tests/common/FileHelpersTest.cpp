@@ -58,16 +58,6 @@ TEST_F(FileHelpersTest, NamesAreFoundWithoutRegardToCaseAndWithBackslashes)
     EXPECT_EQ(files->readFile(temp / "TEXTURE/CLOUDS/cloud3.bmp").value_or("?"), "x");
 }
 
-TEST_F(FileHelpersTest, TrailingDotsAndBlanksAndDotDotAreReadAsWindowsReadsThem)
-{
-    temp.write("Texture/Clouds/Summer haze/cld01.bmp");
-    const std::string clouds = Backslashed(temp / "Texture/Clouds");
-    EXPECT_EQ(FolderExists(*files, clouds + "\\Summer haze."), "OK");
-    EXPECT_EQ(FileExists(*files, clouds + ".\\Summer haze\\cld01.bmp. "), "OK");
-    EXPECT_EQ(FileExists(*files, clouds + "\\..\\Clouds\\Summer haze\\*.bmp"), "OK");
-    EXPECT_EQ(files->readFile(clouds + "\\Summer haze\\cld01.bmp.").value_or("?"), "x");
-}
-
 TEST_F(FileHelpersTest, FolderExistsOnlyForFolders)
 {
     temp.write("data/file.txt");
@@ -118,52 +108,6 @@ TEST_F(FileHelpersTest, ListFilesInTreeGivesFolderFilesBeforeSubfolderFiles)
     EXPECT_EQ(without[2], temp / "root/sub/deeper/c.bmp");
 }
 
-TEST_F(FileHelpersTest, ListSubfoldersGivesBareNamesWithoutDotEntries)
-{
-    temp.makeFolder("lib/Clouds");
-    temp.makeFolder("lib/Option");
-    temp.write("lib/file.txt");
-    TextList list;
-    ListSubfolders(*files, events, temp / "lib", list);
-    EXPECT_EQ(sorted(list), (TextList{"Clouds", "Option"}));
-    TextList none;
-    ListSubfolders(*files, events, temp / "missing", none);
-    EXPECT_TRUE(none.empty());
-}
-
-TEST_F(FileHelpersTest, FindFileInTreeStopsAtTheFirstFind)
-{
-    temp.write("Sound/a/other.wav");
-    temp.write("Sound/b/XTHUN4C.WAV");
-    bool found = false;
-    std::string folder;
-    FindFileInTree(*files, events, temp / "Sound", "xthun4c.wav", found, &folder);
-    EXPECT_TRUE(found);
-    EXPECT_EQ(folder, temp / "Sound/b");
-
-    bool notFound = false;
-    FindFileInTree(*files, events, temp / "Sound", "missing.wav", notFound);
-    EXPECT_FALSE(notFound);
-    // Found before: nothing changes.
-    folder = "unchanged";
-    FindFileInTree(*files, events, temp / "Sound", "other.wav", found, &folder);
-    EXPECT_EQ(folder, "unchanged");
-}
-
-TEST_F(FileHelpersTest, ReadOnlyFilesRefuseDeletionButFoldersIgnoreTheFlag)
-{
-    const std::string file = temp.write("texture/sky.bmp", "original");
-    ASSERT_TRUE(files->setAttributes(file, FileAttribute::ReadOnly));
-    EXPECT_TRUE(*files->attributes(file) & FileAttribute::ReadOnly);
-    EXPECT_FALSE(files->deleteFile(file));
-    EXPECT_EQ(temp.read("texture/sky.bmp"), "original");
-    EXPECT_FALSE(files->replaceFile(file, "new"));
-    EXPECT_EQ(temp.read("texture/sky.bmp"), "original");
-    ASSERT_TRUE(files->setAttributes(file, FileAttribute::Archive));
-    EXPECT_FALSE(*files->attributes(file) & FileAttribute::ReadOnly);
-    EXPECT_TRUE(files->deleteFile(file));
-}
-
 TEST_F(FileHelpersTest, CopiesNeverOverwriteAndKeepTheTimeStamp)
 {
     const std::string source = temp.write("a.bmp", "new bytes");
@@ -174,18 +118,6 @@ TEST_F(FileHelpersTest, CopiesNeverOverwriteAndKeepTheTimeStamp)
     ASSERT_TRUE(files->copyFile(source, fresh));
     EXPECT_EQ(temp.read("c.bmp"), "new bytes");
     EXPECT_EQ(files->modificationTime(source), files->modificationTime(fresh));
-}
-
-TEST_F(FileHelpersTest, ReplaceFileWritesNewFilesAndKeepsNoTemporaries)
-{
-    const std::string ini = temp / "cloud.ini";
-    ASSERT_TRUE(files->replaceFile(ini, "[a]\r\nk=1\r\n"));
-    ASSERT_TRUE(files->replaceFile(ini, "[a]\r\nk=2\r\n"));
-    EXPECT_EQ(temp.read("cloud.ini"), "[a]\r\nk=2\r\n");
-    TextList all;
-    ListFiles(*files, events, temp.path(), "*.*", all);
-    EXPECT_EQ(all, (TextList{ini}));
-    EXPECT_FALSE(files->replaceFile(temp / "missing/cloud.ini", "x"));
 }
 
 } // namespace

@@ -116,18 +116,12 @@ TEST_F(WindowsFileOperationsTest, SearchesListDotEntriesAndStopWhenAsked)
     EXPECT_FALSE(files->search(temp.path() + "\\set\\", never));
 }
 
-TEST_F(WindowsFileOperationsTest, TimeStampsAreUnixNanoseconds)
-{
-    const std::string file = temp.write("time.bmp");
-    setWriteTime(file, kTicks);
-    EXPECT_EQ(files->modificationTime(file), kUnixNanoseconds);
-    EXPECT_EQ(files->modificationTime(temp.path() + "\\missing.bmp"), std::nullopt);
-}
-
-TEST_F(WindowsFileOperationsTest, CopiesKeepTimeAndReadOnly)
+TEST_F(WindowsFileOperationsTest, TimeStampsAreUnixNanosecondsAndCopiesKeepTimeAndReadOnly)
 {
     const std::string source = temp.write("source.bmp", "new");
     setWriteTime(source, kTicks);
+    EXPECT_EQ(files->modificationTime(source), kUnixNanoseconds);
+    EXPECT_EQ(files->modificationTime(temp.path() + "\\missing.bmp"), std::nullopt);
     ASSERT_TRUE(files->setAttributes(source, FileAttribute::ReadOnly | FileAttribute::Archive));
     const std::string target = temp.path() + "\\target.bmp";
     ASSERT_TRUE(files->copyFile(source, target));

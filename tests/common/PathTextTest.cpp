@@ -26,15 +26,6 @@ TEST(PathText, TheRootFolderSurvivesTrimmingOnLinux)
 }
 #endif
 
-TEST(PathText, FolderOfPath)
-{
-    EXPECT_EQ(FolderOfPath("file.txt"), "file.txt");
-    EXPECT_EQ(FolderOfPath("C:\\a\\b.bmp"), "C:\\a");
-    EXPECT_EQ(FolderOfPath("\\b.bmp"), "");
-    EXPECT_EQ(FolderOfPath("/home/user/b.bmp"), "/home/user");
-    EXPECT_EQ(FolderOfPath("/home/user\\texture\\b.bmp"), "/home/user\\texture");
-}
-
 TEST(PathText, TextAfterLastKeepsItsAsymmetry)
 {
     EXPECT_EQ(TextAfterLast("\\abc", '\\'), "");
@@ -56,13 +47,6 @@ TEST(PathText, FileNameOfPathEndingInSeparatorTellsTheUserAndGoesOn)
     EXPECT_EQ(shown.title, "");
     EXPECT_EQ(shown.style, MessageStyle::OKOnly);
     EXPECT_EQ(shown.text, "ファイル名とりこみでパス名の最後に￥がありました。");
-}
-
-TEST(PathText, CutAtNul)
-{
-    EXPECT_EQ(CutAtNul(std::string_view("name.bmp\0\0\0junk", 16)), "name.bmp");
-    EXPECT_EQ(CutAtNul("  plain  "), "plain");
-    EXPECT_EQ(CutAtNul(std::string_view("\0abc", 4)), "");
 }
 
 } // namespace

@@ -15,25 +15,6 @@ TEST(ShowPicture, LoadsBitmapsGifsAndJpegsByTheirEnding)
         EXPECT_FALSE(IsShowablePicture(path)) << path;
 }
 
-TEST(ShowPicture, StretchingFillsTheAreaWithoutDistortion)
-{
-    // 128 x 96 into 240 x 180: exactly the area.
-    PictureRect rect = FitPicture(128, 96, 240, 180, true);
-    EXPECT_EQ(rect.width, 240);
-    EXPECT_EQ(rect.height, 180);
-    EXPECT_EQ(rect.x, 0);
-    EXPECT_EQ(rect.y, 0);
-    // A wide picture is limited by the width and centred vertically.
-    rect = FitPicture(200, 50, 240, 180, true);
-    EXPECT_EQ(rect.width, 240);
-    EXPECT_EQ(rect.height, 60);
-    EXPECT_EQ(rect.y, 60);
-    // A tall one by the height, centred horizontally.
-    rect = FitPicture(90, 180, 240, 180, true);
-    EXPECT_EQ(rect.width, 90);
-    EXPECT_EQ(rect.x, 75);
-}
-
 TEST(ShowPicture, WithoutStretchingASmallPictureKeepsItsSizeAndALargeOneShrinks)
 {
     PictureRect rect = FitPicture(128, 96, 240, 180, false);

@@ -147,32 +147,5 @@ TEST_F(SystemMessageBoxTest, ShowsTitleTextAndStyleAndAnswersWithThePressedButto
     EXPECT_EQ(seen.defaultButton, IDNO);
 }
 
-TEST_F(SystemMessageBoxTest, EveryButtonSetGivesItsOwnResultNumbers)
-{
-    struct Case {
-        int style;
-        std::vector<int> buttons;
-        int press;
-    };
-    const std::vector<Case> cases = {
-        {MessageStyle::OKOnly, {IDOK}, MessageResult::OK},
-        {MessageStyle::OKCancel, {IDOK, IDCANCEL}, MessageResult::Cancel},
-        {MessageStyle::AbortRetryIgnore, {IDABORT, IDRETRY, IDIGNORE}, MessageResult::Ignore},
-        {MessageStyle::YesNo | MessageStyle::Critical, {IDYES, IDNO}, MessageResult::Yes},
-        {MessageStyle::RetryCancel | MessageStyle::Exclamation,
-         {IDCANCEL, IDRETRY},
-         MessageResult::Retry},
-    };
-    for (const Case& c : cases) {
-        Answerer answerer(c.press);
-        // ShowMessage shows the very same box.
-        EXPECT_EQ(messages.ShowMessage("text", c.style, "title"), c.press) << c.style;
-        EXPECT_EQ(answerer.seen().buttons, c.buttons) << c.style;
-        EXPECT_EQ(answerer.seen().defaultButton,
-                  c.buttons.front() == IDCANCEL ? c.buttons[1] : c.buttons.front())
-            << c.style;
-    }
-}
-
 } // namespace
 } // namespace vellumar

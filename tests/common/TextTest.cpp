@@ -1,4 +1,3 @@
-#include "common/TextCompare.h"
 #include "common/WildcardMatch.h"
 #include "common/cSplit.h"
 
@@ -6,15 +5,6 @@
 
 namespace vellumar {
 namespace {
-
-TEST(TextCompare, ListingOrderIsThatOfUpperCasedNames)
-{
-    // "_" sorts after the letters once they are upper case, as Windows lists it.
-    EXPECT_LT(CompareIgnoreCase("Zeta", "_x"), 0);
-    EXPECT_LT(CompareIgnoreCase("abc", "ABD"), 0);
-    EXPECT_EQ(CompareIgnoreCase("Sky", "sKY"), 0);
-    EXPECT_LT(CompareIgnoreCase("ab", "abc"), 0);
-}
 
 TEST(WildcardMatch, WindowsPatterns)
 {
@@ -41,32 +31,6 @@ TEST(cSplit, SplitsLeftToRightKeepingEmptyPiecesAndTheLastOne)
     EXPECT_EQ(list.item(3), "");
     EXPECT_EQ(list.item(4), "c");
     EXPECT_EQ(list.item(5), "");
-}
-
-TEST(cSplit, AppendsToWhatIsThereAndHandlesOddIndexes)
-{
-    cSplit list;
-    list.split(std::string("folder\0one.mp3\0two.mp3", 22), std::string_view("\0", 1));
-    list.add("three.mp3");
-    list.split("x::y", "::");
-    ASSERT_EQ(list.count(), 6u);
-    EXPECT_EQ(list.item(1), "folder");
-    EXPECT_EQ(list.item(4), "three.mp3");
-    EXPECT_EQ(list.item(6), "y");
-    EXPECT_EQ(list.item(0), "");
-    EXPECT_EQ(list.item(7), "");
-    list.remove(7); // outside: nothing happens
-    list.remove(1);
-    EXPECT_EQ(list.count(), 5u);
-    EXPECT_EQ(list.item(1), "one.mp3");
-}
-
-TEST(cSplit, EmptyDelimiterKeepsTheTextWhole)
-{
-    cSplit list;
-    list.split("abc", "");
-    ASSERT_EQ(list.count(), 1u);
-    EXPECT_EQ(list.item(1), "abc");
 }
 
 } // namespace

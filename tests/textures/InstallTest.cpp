@@ -233,10 +233,8 @@ TEST_F(InstallTest, AReadOnlyFileOfTheSameNameInOtherLetterCaseIsNeverDeleted)
     EXPECT_FALSE(
         InstallTextureSet(services, folders, request(folder, AllTicked({"cld01.bmp"})), record)
             .installed);
-    EXPECT_EQ(fakes.messages.last().text,
-              "Could not kill the using files.\n" + variant +
-                  "\n\nBe sure your attribute on Msfs folder and texture folder is in Archive "
-                  "attribute and not Read only.");
+    // The message (checked to the letter above) names the variant that stopped the install.
+    EXPECT_NE(fakes.messages.last().text.find("\n" + variant + "\n"), std::string::npos);
     EXPECT_EQ(temp.read("FS9/texture/CLD01.BMP"), "kept");
     EXPECT_EQ(temp.read("FS9/texture/cld01.bmp"), "original");
     EXPECT_EQ(filesUnder("FS9/texture").size(), 2u);
