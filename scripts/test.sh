@@ -11,6 +11,8 @@ options=()
 if [ "${1:-}" = "--sanitize" ]; then
     build_dir=build-asan
     options+=(-DVELLUMAR_SANITIZE=ON -DCMAKE_BUILD_TYPE=Debug)
+    # Leaks inside system libraries are theirs, not ours: tests/lsan.supp says which.
+    export LSAN_OPTIONS="suppressions=$PWD/tests/lsan.supp${LSAN_OPTIONS:+:$LSAN_OPTIONS}"
 fi
 
 scripts/install-deps.sh build
