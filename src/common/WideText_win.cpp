@@ -6,10 +6,11 @@
 
 namespace vellumar {
 
-namespace {
-
-std::wstring Decode(UINT codePage, DWORD flags, std::string_view text)
+std::wstring WideFromCodePage(std::string_view text, unsigned codePage, bool strict)
 {
+    if (text.empty() || text.size() > INT_MAX)
+        return {};
+    const DWORD flags = strict ? MB_ERR_INVALID_CHARS : 0;
     const int size = static_cast<int>(text.size());
     const int length = MultiByteToWideChar(codePage, flags, text.data(), size, nullptr, 0);
     if (length <= 0)
@@ -19,30 +20,38 @@ std::wstring Decode(UINT codePage, DWORD flags, std::string_view text)
     return wide;
 }
 
-} // namespace
+std::optional<std::string> WideToCodePage(std::wstring_view text, unsigned codePage)
+{
+    if (text.empty())
+        return std::string();
+    if (text.size() > INT_MAX)
+        return std::nullopt;
+    const int size = static_cast<int>(text.size());
+    // UTF-8 takes no "used default" flag; every other code page must say when a character
+    // had no place in it.
+    BOOL usedDefault = FALSE;
+    BOOL* lost = codePage == CP_UTF8 ? nullptr : &usedDefault;
+    const DWORD flags = codePage == CP_UTF8 ? 0 : WC_NO_BEST_FIT_CHARS;
+    const int length =
+        WideCharToMultiByte(codePage, flags, text.data(), size, nullptr, 0, nullptr, lost);
+    if (length <= 0 || usedDefault)
+        return std::nullopt;
+    std::string narrow(static_cast<std::size_t>(length), '\0');
+    WideCharToMultiByte(codePage, flags, text.data(), size, narrow.data(), length, nullptr, lost);
+    return narrow;
+}
 
 std::wstring ToWide(std::string_view text)
 {
-    if (text.empty() || text.size() > INT_MAX)
-        return {};
-    std::wstring wide = Decode(CP_UTF8, MB_ERR_INVALID_CHARS, text);
+    std::wstring wide = WideFromCodePage(text, CP_UTF8, true);
     if (wide.empty())
-        wide = Decode(CP_ACP, 0, text);
+        wide = WideFromCodePage(text, CP_ACP, false);
     return wide;
 }
 
 std::string FromWide(std::wstring_view text)
 {
-    if (text.empty() || text.size() > INT_MAX)
-        return {};
-    const int size = static_cast<int>(text.size());
-    const int length =
-        WideCharToMultiByte(CP_UTF8, 0, text.data(), size, nullptr, 0, nullptr, nullptr);
-    if (length <= 0)
-        return {};
-    std::string narrow(static_cast<std::size_t>(length), '\0');
-    WideCharToMultiByte(CP_UTF8, 0, text.data(), size, narrow.data(), length, nullptr, nullptr);
-    return narrow;
+    return WideToCodePage(text, CP_UTF8).value_or(std::string());
 }
 
 } // namespace vellumar

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -13,5 +14,13 @@ std::wstring ToWide(std::string_view text);
 
 // UTF-16 to UTF-8; an unpaired surrogate becomes U+FFFD.
 std::string FromWide(std::wstring_view text);
+
+// `text` in code page `codePage` to UTF-16; empty when it is empty or, with `strict`, when it is
+// not valid in that code page.
+std::wstring WideFromCodePage(std::string_view text, unsigned codePage, bool strict);
+
+// UTF-16 to code page `codePage`; nothing when a character has no place in it (UTF-8 holds
+// every character).
+std::optional<std::string> WideToCodePage(std::wstring_view text, unsigned codePage);
 
 } // namespace vellumar
