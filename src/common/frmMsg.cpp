@@ -537,34 +537,20 @@ void frmMsg::paintEvent(QPaintEvent*)
 
 void frmMsg::mousePressEvent(QMouseEvent* event)
 {
-    // Without the system's title bar the window is moved by its own: where the window system
-    // can move it (it must, on Wayland), it does; elsewhere it follows the mouse.
-    if (event->button() != Qt::LeftButton) {
+    // Without the system's title bar the window is moved by its body.
+    if (!drag_.press(*this, event))
         QDialog::mousePressEvent(event);
-        return;
-    }
-    if (windowHandle() && windowHandle()->startSystemMove()) {
-        event->accept();
-        return;
-    }
-    dragOffset_ = event->globalPosition().toPoint() - frameGeometry().topLeft();
-    dragging_ = true;
-    event->accept();
 }
 
 void frmMsg::mouseMoveEvent(QMouseEvent* event)
 {
-    if (dragging_ && (event->buttons() & Qt::LeftButton)) {
-        move(event->globalPosition().toPoint() - dragOffset_);
-        event->accept();
-        return;
-    }
-    QDialog::mouseMoveEvent(event);
+    if (!drag_.move(*this, event))
+        QDialog::mouseMoveEvent(event);
 }
 
 void frmMsg::mouseReleaseEvent(QMouseEvent* event)
 {
-    dragging_ = false;
+    drag_.release();
     QDialog::mouseReleaseEvent(event);
 }
 

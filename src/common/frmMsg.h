@@ -1,6 +1,7 @@
 #pragma once
 
 #include "common/MessageLayout.h"
+#include "common/widgets/WindowDrag.h"
 
 #include <QDialog>
 #include <QPointer>
@@ -75,8 +76,7 @@ private:
     std::function<void(int)> playSound_;
     QPointer<QWidget> centreOn_;
     // Where the mouse went down on the window, while the window follows it.
-    QPoint dragOffset_;
-    bool dragging_ = false;
+    WindowDrag drag_;
 
     // The skinned title bar: the sky band with the title and a close key.
     QWidget* SkyBand_ = nullptr;

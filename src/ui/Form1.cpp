@@ -991,34 +991,20 @@ void Form1::paintEvent(QPaintEvent*)
 
 void Form1::mousePressEvent(QMouseEvent* event)
 {
-    if (event->button() == Qt::RightButton) {
+    // A borderless panel: the user drags it by its body.
+    if (!drag_.press(*this, event))
         QWidget::mousePressEvent(event);
-        return;
-    }
-    // The window system moves the window where it can (it must, on Wayland); elsewhere the
-    // window follows the mouse from the point where it went down.
-    if (event->button() == Qt::LeftButton && windowHandle() && windowHandle()->startSystemMove()) {
-        event->accept();
-        return;
-    }
-    dragOffset_ = event->globalPosition().toPoint() - frameGeometry().topLeft();
-    dragging_ = true;
-    event->accept();
 }
 
 void Form1::mouseMoveEvent(QMouseEvent* event)
 {
-    if (dragging_ && (event->buttons() & Qt::LeftButton)) {
-        move(event->globalPosition().toPoint() - dragOffset_);
-        event->accept();
-        return;
-    }
-    QWidget::mouseMoveEvent(event);
+    if (!drag_.move(*this, event))
+        QWidget::mouseMoveEvent(event);
 }
 
 void Form1::mouseReleaseEvent(QMouseEvent* event)
 {
-    dragging_ = false;
+    drag_.release();
     QWidget::mouseReleaseEvent(event);
 }
 

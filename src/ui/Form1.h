@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/widgets/WindowDrag.h"
 #include "textures/LastInstalled.h"
 #include "ui/MainWindowLogic.h"
 #include "ui/PickRandomSet.h"
@@ -142,8 +143,7 @@ private:
     RandomSetPicker picker_;
     LastInstalledRecord record_;
     // The drag origin: where the mouse went down, relative to the window.
-    QPoint dragOffset_;
-    bool dragging_ = false;
+    WindowDrag drag_;
 
     QLabel* lblAppName_ = nullptr;
     QRadioButton* optSky_ = nullptr;
