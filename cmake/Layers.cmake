@@ -15,6 +15,3 @@ set(VELLUMAR_LAYERS
     "."
 )
 
-# Folders outside src/ that a layer may use: the command-line tool carries the demo generator
-# (tools/demo), which no library of src/ links.
-set(VELLUMAR_LAYER_OUTSIDE_cli demo)

@@ -1,41 +1,46 @@
 #include "cli/DemoCommand.h"
 
 #include "cli/CommandSet.h"
+#include "cli/HelperProgram.h"
 #include "common/Services.h"
-#include "demo/DemoEnvironment.h"
 
 #include <CLI/CLI.hpp>
 #include <memory>
 #include <ostream>
+#include <string>
+#include <vector>
 
 namespace vellumar {
 
 namespace {
 
-int Demo(DemoOptions options, CliContext& context)
+struct DemoOptions {
+    std::string folder;
+    bool force = false;
+};
+
+int Demo(const DemoOptions& options, CliContext& context)
 {
-    // An empty DIR (an unset shell variable, say) would otherwise build in the current folder.
     if (options.folder.empty()) {
         context.err << "vellumar-cli demo: DIR is empty\n";
         return CliExit::UsageError;
     }
-    options.userName = CurrentUserName();
-    const DemoOutcome outcome = BuildDemoEnvironment(context.services.files, options);
-    for (const std::string& note : outcome.notes)
-        context.err << "vellumar-cli: note: " << note << '\n';
-    if (!outcome.built) {
-        context.err << "vellumar-cli: demo: " << outcome.error << '\n';
+    // The generator is a program of its own beside this one (see tools/demo/DemoMain.cpp).
+    const std::string generator = HelperProgramPath("vellumar-demo");
+    if (generator.empty()) {
+        context.err << "vellumar-cli: demo: the demo generator vellumar-demo is not installed "
+                       "beside vellumar-cli\n";
         return CliExit::Failed;
     }
-    // Only comments and exports on standard output, so that eval "$(vellumar-cli demo DIR)"
-    // sets up the shell.
-    const auto tenths = static_cast<unsigned long long>((outcome.bytes + 52428) / 104858);
-    context.out << "# Vellumar demo " << (outcome.replaced ? "rebuilt" : "built") << " in "
-                << outcome.folder << ": " << outcome.files << " files, " << tenths / 10 << '.'
-                << tenths % 10 << " MB; see home/help/index.html\n"
-                << "export WINEPREFIX=" << ShellQuoted(outcome.prefix) << '\n'
-                << "export VELLUMAR_HOME=" << ShellQuoted(outcome.home) << '\n';
-    return CliExit::Success;
+    std::vector<std::string> arguments{options.folder};
+    if (options.force)
+        arguments.push_back("--force");
+    context.out.flush();
+    context.err.flush();
+    // Returns only when the generator could not be started.
+    const std::string why = ReplaceProcessWith(generator, arguments);
+    context.err << "vellumar-cli: demo: could not start " << generator << ": " << why << '\n';
+    return CliExit::Failed;
 }
 
 } // namespace

@@ -5,13 +5,13 @@
 
 #include "demo/DemoEnvironment.h"
 
-#include "cli/CliCommands.h"
 #include "common/FileHelpers.h"
 #include "common/PathText.h"
 #include "common/TextCompare.h"
 #include "config/ProfileText.h"
 #include "config/WineRegistryFile.h"
 #include "demo/DemoDefaultCloudIni.h"
+#include "demo/DemoProgram.h"
 #include "support/FaultyFileOperations.h"
 #include "support/TempFolder.h"
 #include "support/TestServices.h"
@@ -431,41 +431,33 @@ TEST(DemoRegistryTextTest, ANameBeyondAsciiReadsBackThroughTheProgramsScanner)
               "OK");
 }
 
-TEST(DemoCommandTest, PrintsTheVariablesToExportAndRefusesWhatItMustNotTouch)
+TEST(DemoProgramTest, PrintsTheVariablesToExportAndRefusesWhatItMustNotTouch)
 {
     test::TempFolder temp;
     test::TestServices fakes;
     std::ostringstream out, err;
-    EXPECT_EQ(RunCliCommand({"demo", temp / "demo with blanks"}, fakes.services, out, err),
-              CliExit::Success);
+    const std::string folder = temp / "demo with blanks";
+    EXPECT_EQ(RunDemoProgram(folder, false, fakes.files, out, err), 0);
     const std::string printed = out.str();
-    EXPECT_NE(
-        printed.find("export WINEPREFIX='" + JoinPath(temp / "demo with blanks", "prefix") + "'\n"),
-        std::string::npos)
+    EXPECT_NE(printed.find("export WINEPREFIX='" + JoinPath(folder, "prefix") + "'\n"),
+              std::string::npos)
         << printed;
-    EXPECT_NE(printed.find("export VELLUMAR_HOME='" + JoinPath(temp / "demo with blanks", "home") +
-                           "'\n"),
+    EXPECT_NE(printed.find("export VELLUMAR_HOME='" + JoinPath(folder, "home") + "'\n"),
               std::string::npos);
     std::istringstream lines(printed);
     for (std::string line; std::getline(lines, line);)
         EXPECT_TRUE(line.starts_with("# ") || line.starts_with("export ")) << line; // fit for eval
 
     out.str("");
-    EXPECT_EQ(
-        RunCliCommand({"demo", "--force", temp / "demo with blanks"}, fakes.services, out, err),
-        CliExit::Success);
+    EXPECT_EQ(RunDemoProgram(folder, true, fakes.files, out, err), 0);
     EXPECT_NE(out.str().find("rebuilt"), std::string::npos);
 
     temp.write("other/keep.txt", "x");
     err.str("");
-    EXPECT_EQ(RunCliCommand({"demo", temp / "other"}, fakes.services, out, err), CliExit::Failed);
+    EXPECT_EQ(RunDemoProgram(temp / "other", false, fakes.files, out, err), 1);
     EXPECT_NE(err.str().find("--force"), std::string::npos);
-
-    for (const std::vector<std::string>& wrong : {std::vector<std::string>{"demo"},
-                                                  {"demo", "a", "b"},
-                                                  {"demo", "--force"},
-                                                  {"demo", "a", "--fast"}})
-        EXPECT_EQ(RunCliCommand(wrong, fakes.services, out, err), CliExit::UsageError);
+    // An unset shell variable must not build in the current folder.
+    EXPECT_EQ(RunDemoProgram("", false, fakes.files, out, err), 2);
 }
 
 } // namespace
