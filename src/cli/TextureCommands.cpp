@@ -11,8 +11,10 @@
 #include "textures/NamedFiles.h"
 #include "textures/Restore.h"
 #include "textures/SetCatalogue.h"
+#include "textures/TextureFolders.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <memory>
 #include <ostream>
 
@@ -102,9 +104,19 @@ public:
             options.only);
         NamedFiles optionFiles;
         if (!options.optionSet.empty()) {
-            request.optionSetFolder =
-                JoinPath(JoinPath(JoinPath(state_.paths.DataFolder, "Texture"), "Option"),
-                         options.optionSet);
+            // Only an option set the window would list: a path must not reach outside the
+            // library.
+            const TextList optionSets =
+                OptionSetNames(services_.files, services_.events, state_.paths.DataFolder);
+            const auto named =
+                std::find_if(optionSets.begin(), optionSets.end(), [&](const std::string& name) {
+                    return EqualsIgnoreCase(name, options.optionSet);
+                });
+            if (named == optionSets.end()) {
+                err_ << "vellumar-cli: there is no option set \"" << options.optionSet << "\"\n";
+                return CliExit::Failed;
+            }
+            request.optionSetFolder = JoinPath(OptionGroupFolder(state_.paths.DataFolder), *named);
             optionFiles =
                 TickNamedFiles(ListOptionFiles(ScanSetFolder(services_.files, services_.events,
                                                              request.optionSetFolder)),

@@ -1,5 +1,6 @@
 #include "textures/TextureFolders.h"
 
+#include "common/FileHelpers.h"
 #include "common/PathText.h"
 #include "config/ProgramPaths.h"
 
@@ -8,6 +9,18 @@ namespace vellumar {
 std::string BackupFolderOf(const std::string& dataFolder)
 {
     return JoinPath(dataFolder, "BackUp");
+}
+
+std::string OptionGroupFolder(const std::string& dataFolder)
+{
+    return JoinPath(JoinPath(dataFolder, "Texture"), "Option");
+}
+
+TextList OptionSetNames(FileOperations& files, EventPump& events, const std::string& dataFolder)
+{
+    TextList names;
+    ListSubfolders(files, events, OptionGroupFolder(dataFolder), names);
+    return names;
 }
 
 TextureFolders TextureFoldersOf(const ProgramPaths& paths)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "common/TextList.h"
+
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -24,6 +26,10 @@ struct TextureFolders {
 
 // The backup folder of a data folder.
 std::string BackupFolderOf(const std::string& dataFolder);
+
+// Option sets are the sub-folders of DataFolder\Texture\Option.
+std::string OptionGroupFolder(const std::string& dataFolder);
+TextList OptionSetNames(FileOperations& files, EventPump& events, const std::string& dataFolder);
 
 // The folders of the running program: the chosen simulator and the data folder.
 TextureFolders TextureFoldersOf(const ProgramPaths& paths);

@@ -279,18 +279,6 @@ std::vector<bool> RandomSelectionFlags(const std::vector<TextureSetEntry>& sets)
     return flags;
 }
 
-std::string OptionGroupFolder(const std::string& dataFolder)
-{
-    return JoinPath(JoinPath(dataFolder, "Texture"), "Option");
-}
-
-TextList OptionSetNames(FileOperations& files, EventPump& events, const std::string& dataFolder)
-{
-    TextList names;
-    ListSubfolders(files, events, OptionGroupFolder(dataFolder), names);
-    return names;
-}
-
 std::string HelpFolder(const std::string& programPath)
 {
     return JoinPath(programPath, "help");

@@ -149,10 +149,6 @@ std::string IntervalText(double autoRandomInterval);
 // The AutoRandom selection flags: the sets that take part in random picks.
 std::vector<bool> RandomSelectionFlags(const std::vector<TextureSetEntry>& sets);
 
-// Option sets are the sub-folders of DataFolder\Texture\Option.
-std::string OptionGroupFolder(const std::string& dataFolder);
-TextList OptionSetNames(FileOperations& files, EventPump& events, const std::string& dataFolder);
-
 // The help folder, ProgramPath\help; lblHelp is usable only when it exists.
 std::string HelpFolder(const std::string& programPath);
 

@@ -93,6 +93,10 @@ TEST_F(TextureCommandsTest, OnlyFilesTheSetOffersCanBeNamed)
         EXPECT_EQ(err.str(),
                   "vellumar-cli: the option set \"Trail\" does not offer \"" + name + "\"\n");
     }
+    // An option set is one the library lists, never a path out of it.
+    EXPECT_EQ(run({"install", "Summer haze", "--option", "..\\..\\Clouds\\Summer haze"}),
+              CliExit::Failed);
+    EXPECT_EQ(err.str(), "vellumar-cli: there is no option set \"..\\..\\Clouds\\Summer haze\"\n");
     EXPECT_EQ(temp.read("FS9/texture/cld01.bmp"), "original cloud");
     EXPECT_FALSE(fakes.files.attributes(temp / "FS9/texture/notes.txt"));
 }

@@ -3,6 +3,7 @@
 #include "support/CountingEventPump.h"
 #include "support/FaultyFileOperations.h"
 #include "support/TempFolder.h"
+#include "textures/TextureFolders.h"
 
 #include <gtest/gtest.h>
 
@@ -105,6 +106,19 @@ TEST_F(CatalogueOnDisk, CheckDataFolder)
 
     temp.makeFolder("Texture/Clouds");
     EXPECT_EQ(CheckDataFolder(files, events, folder, "/program"), "");
+}
+
+// The window and vellumar-cli list a library's option sets; a library without any, and one whose
+// folders differ in letter case, are checked here.
+TEST(OptionSets, TheSubFoldersOfTheOptionGroupInAnyLetterCase)
+{
+    test::TempFolder temp;
+    test::FaultyFileOperations files;
+    test::CountingEventPump events;
+    EXPECT_TRUE(OptionSetNames(files, events, temp.path()).empty());
+    temp.write("texture/OPTION/Moon/moon.bmp");
+    temp.write("texture/OPTION/readme.txt");
+    EXPECT_EQ(OptionSetNames(files, events, temp.path()), TextList{"Moon"});
 }
 
 } // namespace

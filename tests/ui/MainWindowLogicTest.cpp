@@ -199,19 +199,6 @@ TEST(StatusLine, IntervalText)
     EXPECT_EQ(IntervalText(60), "60min");
 }
 
-// The window test lists a library's option sets; a library without any, and one whose folders
-// differ in letter case, are checked here.
-TEST(OptionSets, TheSubFoldersOfTheOptionGroupInAnyLetterCase)
-{
-    test::TempFolder temp;
-    test::FaultyFileOperations files;
-    test::CountingEventPump events;
-    EXPECT_TRUE(OptionSetNames(files, events, temp.path()).empty());
-    temp.write("texture/OPTION/Moon/moon.bmp");
-    temp.write("texture/OPTION/readme.txt");
-    EXPECT_EQ(OptionSetNames(files, events, temp.path()), TextList{"Moon"});
-}
-
 TEST(Availability, OnlyALargeCopyShowsItsProgressBarAndOnlyWhileItRuns)
 {
     // The window test copies 40 MB; here the edges it cannot reach cheaply.
