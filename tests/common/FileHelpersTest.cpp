@@ -120,5 +120,28 @@ TEST_F(FileHelpersTest, CopiesNeverOverwriteAndKeepTheTimeStamp)
     EXPECT_EQ(files->modificationTime(source), files->modificationTime(fresh));
 }
 
+// The thunder-clap search of the message sounds: the first folder that holds the file, in any
+// letter case, and nothing at all once an earlier search has found it.
+TEST_F(FileHelpersTest, FindFileInTreeStopsAtTheFirstFindAndNeverAfterOne)
+{
+    temp.write("Sound/a/other.wav");
+    temp.write("Sound/b/XTHUN4C.WAV");
+    bool found = false;
+    std::string folder;
+    FindFileInTree(*files, events, temp / "Sound", "xthun4c.wav", found, &folder);
+    EXPECT_TRUE(found);
+    EXPECT_EQ(folder, temp / "Sound/b");
+
+    folder = "unchanged";
+    const int calls = events.calls;
+    FindFileInTree(*files, events, temp / "Sound", "xthun4c.wav", found, &folder);
+    EXPECT_EQ(folder, "unchanged");
+    EXPECT_EQ(events.calls, calls);
+
+    bool notFound = false;
+    FindFileInTree(*files, events, temp / "Sound", "missing.wav", notFound);
+    EXPECT_FALSE(notFound);
+}
+
 } // namespace
 } // namespace vellumar
