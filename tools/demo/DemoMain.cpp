@@ -5,26 +5,23 @@
 #include "common/FileOperations.h"
 #include "demo/DemoProgram.h"
 
+#include <CLI/CLI.hpp>
 #include <iostream>
 #include <string>
 
 int main(int argc, char** argv)
 {
+    CLI::App app("Builds a Vellumar demo installation in DIR (vellumar-cli demo runs this).",
+                 "vellumar-demo");
     std::string folder;
     bool force = false;
-    bool wrong = false;
-    for (int i = 1; i < argc; ++i) {
-        const std::string word = argv[i];
-        if (word == "--force")
-            force = true;
-        else if (folder.empty() && !word.starts_with("--"))
-            folder = word;
-        else
-            wrong = true;
-    }
-    if (wrong || argc < 2) {
-        std::cerr << "Usage: vellumar-demo DIR [--force]\n";
-        return 2;
+    app.add_option("DIR", folder, "the folder to build in")->required();
+    app.add_flag("--force", force, "build even in a non-empty folder without an earlier demo");
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        // Help is a success; any mistake is a usage error, status 2, as in vellumar-cli.
+        return app.exit(error) == 0 ? 0 : 2;
     }
     const auto files = vellumar::CreatePlatformFileOperations();
     return vellumar::RunDemoProgram(folder, force, *files, std::cout, std::cerr);
