@@ -5,18 +5,14 @@
 #include "GeneratedLibrary.h"
 #include "app/CloudIni.h"
 #include "app/DataFolderChecks.h"
-#include "common/Clock.h"
 #include "common/EventPump.h"
-#include "common/FileOperations.h"
 #include "common/FolderBrowser.h"
 #include "common/MessageService.h"
 #include "common/NoWindows.h"
-#include "common/ProcessLauncher.h"
 #include "common/Services.h"
 #include "config/CloudIniFile.h"
+#include "config/PlatformServices.h"
 #include "config/ProgramPaths.h"
-#include "config/Registry.h"
-#include "config/SystemFolders.h"
 
 #include <benchmark/benchmark.h>
 
@@ -51,13 +47,9 @@ void BM_LoadCloudIni1000Sets(benchmark::State& state)
     const std::string& home = Library();
     SilentMessages messages;
     NoWindowsEventPump events;
-    const auto files = CreatePlatformFileOperations();
-    const auto registry = CreatePlatformRegistry();
-    const auto folders = CreatePlatformSystemFolders();
-    const auto launcher = CreatePlatformProcessLauncher();
     NoWindowsFolderBrowser browser;
-    const auto clock = CreateSystemClock();
-    Services services{messages, events, *files, *registry, *folders, *launcher, browser, *clock};
+    PlatformServices platform;
+    Services services = platform.With(messages, events, browser);
     std::filesystem::create_directories(home + "/AppData/Microsoft/FS9");
     std::ofstream(home + "/AppData/Microsoft/FS9/fs9.cfg");
     for (auto _ : state) {
@@ -67,7 +59,7 @@ void BM_LoadCloudIni1000Sets(benchmark::State& state)
         paths.FsPath = home + "/FS9";
         DataFolderSettings checks;
         CloudIniSettings settings;
-        CloudIniFile ini(*files, messages, home + "/cloud.ini");
+        CloudIniFile ini(*platform.files, messages, home + "/cloud.ini");
         LoadCloudIni(services, ini, paths, {}, checks, settings);
         if (settings.Sets.size() != 1000 || messages.shown != 0)
             state.SkipWithError("the library did not load cleanly");

@@ -3,17 +3,13 @@
 #include "app/ScreenFacts_qt.h"
 #include "app/SingleInstance.h"
 #include "app/StartUpSequence.h"
-#include "common/Clock.h"
 #include "common/EventPump_qt.h"
-#include "common/FileOperations.h"
 #include "common/FolderBrowser_qt.h"
 #include "common/MessageService_qt.h"
-#include "common/ProcessLauncher.h"
 #include "common/Services.h"
 #include "common/Unattended.h"
 #include "common/widgets/Skin.h"
-#include "config/Registry.h"
-#include "config/SystemFolders.h"
+#include "config/PlatformServices.h"
 #include "ui/Form1.h"
 
 #include <QApplication>
@@ -41,13 +37,8 @@ int main(int argc, char** argv)
     QtMessageService messages;
     QtEventPump events;
     QtFolderBrowser folderBrowser;
-    const auto files = CreatePlatformFileOperations();
-    const auto registry = CreatePlatformRegistry();
-    const auto systemFolders = CreatePlatformSystemFolders();
-    const auto launcher = CreatePlatformProcessLauncher();
-    const auto clock = CreateSystemClock();
-    Services services{messages,       events,    *files,        *registry,
-                      *systemFolders, *launcher, folderBrowser, *clock};
+    PlatformServices platform;
+    Services services = platform.With(messages, events, folderBrowser);
 
     const ScreenFacts screen = ReadScreenFacts();
     ProgramState state;

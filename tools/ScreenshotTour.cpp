@@ -6,17 +6,13 @@
 
 #include "app/ScreenFacts_qt.h"
 #include "app/StartUpSequence.h"
-#include "common/Clock.h"
 #include "common/EventPump_qt.h"
-#include "common/FileOperations.h"
 #include "common/FolderBrowser_qt.h"
 #include "common/MessageService_qt.h"
-#include "common/ProcessLauncher.h"
 #include "common/Services.h"
 #include "common/frmMsg.h"
 #include "common/widgets/Skin.h"
-#include "config/Registry.h"
-#include "config/SystemFolders.h"
+#include "config/PlatformServices.h"
 #include "ui/Form1.h"
 
 #include <QApplication>
@@ -89,13 +85,8 @@ struct Program {
     QtMessageService messages;
     QtEventPump events;
     QtFolderBrowser folderBrowser;
-    std::unique_ptr<FileOperations> files = CreatePlatformFileOperations();
-    std::unique_ptr<Registry> registry = CreatePlatformRegistry();
-    std::unique_ptr<SystemFolders> systemFolders = CreatePlatformSystemFolders();
-    std::unique_ptr<ProcessLauncher> launcher = CreatePlatformProcessLauncher();
-    std::unique_ptr<Clock> clock = CreateSystemClock();
-    Services services{messages,       events,    *files,        *registry,
-                      *systemFolders, *launcher, folderBrowser, *clock};
+    PlatformServices platform;
+    Services services = platform.With(messages, events, folderBrowser);
     ScreenFacts screen = ReadScreenFacts();
     ProgramState state;
 };

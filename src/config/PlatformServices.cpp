@@ -1,0 +1,27 @@
+#include "config/PlatformServices.h"
+
+#include "common/Clock.h"
+#include "common/FileOperations.h"
+#include "common/ProcessLauncher.h"
+#include "config/Registry.h"
+#include "config/SystemFolders.h"
+
+namespace vellumar {
+
+PlatformServices::PlatformServices()
+    : files(CreatePlatformFileOperations())
+    , registry(CreatePlatformRegistry())
+    , systemFolders(CreatePlatformSystemFolders())
+    , launcher(CreatePlatformProcessLauncher())
+    , clock(CreateSystemClock())
+{}
+
+PlatformServices::~PlatformServices() = default;
+
+Services PlatformServices::With(MessageService& messages, EventPump& events,
+                                FolderBrowser& folderBrowser)
+{
+    return {messages, events, *files, *registry, *systemFolders, *launcher, folderBrowser, *clock};
+}
+
+} // namespace vellumar

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "common/Services.h"
+
+#include <memory>
+
+namespace vellumar {
+
+// The doors to the system as it is (files, registry, system folders, process launcher, clock),
+// the same for every front end. Each front end adds the ones that speak to its user: messages,
+// the event pump and the folder browser.
+struct PlatformServices {
+    PlatformServices();
+    ~PlatformServices();
+
+    Services With(MessageService& messages, EventPump& events, FolderBrowser& folderBrowser);
+
+    std::unique_ptr<FileOperations> files;
+    std::unique_ptr<Registry> registry;
+    std::unique_ptr<SystemFolders> systemFolders;
+    std::unique_ptr<ProcessLauncher> launcher;
+    std::unique_ptr<Clock> clock;
+};
+
+} // namespace vellumar
