@@ -11,6 +11,7 @@ set(VELLUMAR_LAYERS
     "config"
     "textures|sound"
     "app"
+    "simulator"
     "ui|cli"
     "."
 )

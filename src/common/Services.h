@@ -9,6 +9,7 @@ class FileOperations;
 class Registry;
 class SystemFolders;
 class ProcessLauncher;
+class SimulatorProcess;
 class FolderBrowser;
 
 // Every door from core to the world, handed in by the program, the command-line tool or a test.
@@ -19,6 +20,7 @@ struct Services {
     Registry& registry;
     SystemFolders& systemFolders;
     ProcessLauncher& launcher;
+    SimulatorProcess& simulator;
     FolderBrowser& folderBrowser;
     Clock& clock;
 };

@@ -3,6 +3,7 @@
 #include "common/Clock.h"
 #include "common/FileOperations.h"
 #include "common/ProcessLauncher.h"
+#include "common/SimulatorProcess.h"
 #include "config/Registry.h"
 #include "config/SystemFolders.h"
 
@@ -13,6 +14,7 @@ PlatformServices::PlatformServices()
     , registry(CreatePlatformRegistry())
     , systemFolders(CreatePlatformSystemFolders())
     , launcher(CreatePlatformProcessLauncher())
+    , simulator(CreatePlatformSimulatorProcess())
     , clock(CreateSystemClock())
 {}
 
@@ -21,7 +23,8 @@ PlatformServices::~PlatformServices() = default;
 Services PlatformServices::With(MessageService& messages, EventPump& events,
                                 FolderBrowser& folderBrowser)
 {
-    return {messages, events, *files, *registry, *systemFolders, *launcher, folderBrowser, *clock};
+    return {messages,  events,     *files,        *registry, *systemFolders,
+            *launcher, *simulator, folderBrowser, *clock};
 }
 
 } // namespace vellumar

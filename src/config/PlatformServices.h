@@ -6,9 +6,9 @@
 
 namespace vellumar {
 
-// The doors to the system as it is (files, registry, system folders, process launcher, clock),
-// the same for every front end. Each front end adds the ones that speak to its user: messages,
-// the event pump and the folder browser.
+// The doors to the system as it is (files, registry, system folders, process launcher, the
+// simulator's process, clock), the same for every front end. Each front end adds the ones that
+// speak to its user: messages, the event pump and the folder browser.
 struct PlatformServices {
     PlatformServices();
     ~PlatformServices();
@@ -19,6 +19,7 @@ struct PlatformServices {
     std::unique_ptr<Registry> registry;
     std::unique_ptr<SystemFolders> systemFolders;
     std::unique_ptr<ProcessLauncher> launcher;
+    std::unique_ptr<SimulatorProcess> simulator;
     std::unique_ptr<Clock> clock;
 };
 

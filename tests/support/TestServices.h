@@ -5,6 +5,7 @@
 #include "support/FakeClock.h"
 #include "support/FakeMessageService.h"
 #include "support/FakeRegistry.h"
+#include "support/FakeSimulatorProcess.h"
 #include "support/FakeSystemFolders.h"
 #include "support/FaultyFileOperations.h"
 #include "support/RecordingProcessLauncher.h"
@@ -20,10 +21,11 @@ struct TestServices {
     FakeRegistry registry;
     FakeSystemFolders systemFolders;
     RecordingProcessLauncher launcher;
+    FakeSimulatorProcess simulator;
     ScriptedFolderBrowser folderBrowser;
     FakeClock clock;
-    Services services{messages,      events,   files,         registry,
-                      systemFolders, launcher, folderBrowser, clock};
+    Services services{messages, events,    files,         registry, systemFolders,
+                      launcher, simulator, folderBrowser, clock};
 };
 
 } // namespace vellumar::test
