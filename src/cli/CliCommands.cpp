@@ -3,6 +3,7 @@
 #include "cli/DemoCommand.h"
 #include "cli/IniCommands.h"
 #include "cli/SystemCommands.h"
+#include "cli/SimulatorCommands.h"
 #include "cli/TextureCommands.h"
 
 #include <CLI/CLI.hpp>
@@ -19,6 +20,7 @@ void AddAllCommands(CommandSet& commands)
     AddSystemCommands(commands);
     AddDemoCommand(commands);
     AddTextureCommands(commands);
+    AddSimulatorCommands(commands);
 }
 
 // The command the line got as far as naming ("vellumar-cli ini get"), for messages.

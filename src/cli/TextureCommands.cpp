@@ -31,17 +31,6 @@ struct Options {
     bool yes = false;
 };
 
-const TextureSetEntry* FindSet(const CloudIniSettings& settings, const std::string& name)
-{
-    for (const TextureSetEntry& set : settings.Sets)
-        if (set.name == name)
-            return &set;
-    for (const TextureSetEntry& set : settings.Sets)
-        if (EqualsIgnoreCase(set.name, name))
-            return &set;
-    return nullptr;
-}
-
 class TextureCommand {
 public:
     explicit TextureCommand(CliContext& context)
@@ -60,7 +49,7 @@ public:
 
     const TextureSetEntry* set(const std::string& name)
     {
-        const TextureSetEntry* found = FindSet(state_.settings, name);
+        const TextureSetEntry* found = FindSetNamed(state_.settings.Sets, name);
         if (!found)
             err_ << "vellumar-cli: there is no texture set called \"" << name
                  << "\" (vellumar-cli sets lists them)\n";
@@ -176,14 +165,7 @@ private:
         return files.notOffered.empty();
     }
 
-    TextureServices servicesForTextures()
-    {
-        return {services_.messages, services_.files, services_.events, services_.clock,
-                [this](const std::string& status) {
-                    if (!status.empty())
-                        err_ << status << '\n';
-                }};
-    }
+    TextureServices servicesForTextures() { return TexturesReportingTo(services_, err_); }
 
     Services& services_;
     SetAnswers setAnswers_;
@@ -263,6 +245,15 @@ void AddTextureCommands(CommandSet& commands)
 
     commands.add(root, "last", "show the sets installed last",
                  AfterStartUp(context, [](TextureCommand& command) { return command.last(); }));
+}
+
+TextureServices TexturesReportingTo(Services& services, std::ostream& err)
+{
+    return {services.messages, services.files, services.events, services.clock,
+            [&err](const std::string& status) {
+                if (!status.empty())
+                    err << status << '\n';
+            }};
 }
 
 } // namespace vellumar

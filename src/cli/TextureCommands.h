@@ -1,6 +1,12 @@
 #pragma once
 
+#include "textures/TextureFolders.h"
+
+#include <iosfwd>
+
 namespace vellumar {
+
+struct Services;
 
 class CommandSet;
 
@@ -9,5 +15,8 @@ class CommandSet;
 // program. install and restore answer questions with Yes/OK when `--yes` is given, otherwise
 // with No/Cancel, so that nothing changes by accident.
 void AddTextureCommands(CommandSet& commands);
+
+// The services of an install from the command line: its status lines go to `err`.
+TextureServices TexturesReportingTo(Services& services, std::ostream& err);
 
 } // namespace vellumar

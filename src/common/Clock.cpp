@@ -1,5 +1,8 @@
 #include "common/Clock.h"
 
+#include <memory>
+#include <random>
+
 namespace vellumar {
 
 namespace {
@@ -21,6 +24,13 @@ public:
 std::unique_ptr<Clock> CreateSystemClock()
 {
     return std::make_unique<SystemClock>();
+}
+
+std::function<double()> ClockSeededUniform(Clock& clock)
+{
+    auto engine = std::make_shared<std::mt19937_64>(
+        static_cast<std::uint64_t>(clock.now().time_since_epoch().count()));
+    return [engine] { return std::uniform_real_distribution<double>(0.0, 1.0)(*engine); };
 }
 
 } // namespace vellumar

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <memory>
 
 namespace vellumar {
@@ -19,5 +20,9 @@ public:
 
 // The system's clocks.
 std::unique_ptr<Clock> CreateSystemClock();
+
+// A uniform generator in [0, 1) seeded once from the clock's time: the random picks of sets
+// and splash pictures draw from one of these.
+std::function<double()> ClockSeededUniform(Clock& clock);
 
 } // namespace vellumar

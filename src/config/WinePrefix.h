@@ -15,6 +15,11 @@ bool Exists(const std::string& prefix);
 // A path without a drive letter only has its separators changed.
 std::string HostPath(const std::string& prefix, const std::string& windowsPath);
 
+// A path of this machine as a program under Wine sees it: the drive letter whose folder in
+// the prefix's dosdevices holds it (the deepest one; C: is normally drive_c), else Z:, which
+// Wine maps to the root folder. "\" separates the parts.
+std::string WindowsPath(const std::string& prefix, const std::string& hostPath);
+
 // The prefix user's profile folder, drive_c/users/<name>; "" when there is none.
 std::string UserProfileFolder(const std::string& prefix);
 

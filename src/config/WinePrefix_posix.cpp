@@ -101,6 +101,49 @@ std::string HostPath(const std::string& prefix, const std::string& windowsPath)
     return host;
 }
 
+std::string WindowsPath(const std::string& prefix, const std::string& hostPath)
+{
+    std::error_code error;
+    fs::path path = fs::weakly_canonical(fs::absolute(hostPath, error), error);
+    if (error)
+        path = fs::path(hostPath).lexically_normal();
+
+    // The drive whose folder holds the path most closely; Z: (the root) when none does.
+    char letter = 'Z';
+    std::string rest = path.relative_path().string();
+    std::size_t bestDepth = 0;
+    auto consider = [&](char driveLetter, const fs::path& folder) {
+        std::error_code failed;
+        const fs::path target = fs::canonical(folder, failed);
+        if (failed)
+            return;
+        std::string relative = path.lexically_relative(target).string();
+        if (relative.empty() || relative.starts_with(".."))
+            return;
+        const auto depth = static_cast<std::size_t>(std::distance(target.begin(), target.end()));
+        if (depth <= bestDepth)
+            return;
+        bestDepth = depth;
+        letter = static_cast<char>(driveLetter - 'a' + 'A');
+        rest = relative == "." ? std::string() : relative;
+    };
+    bool anyDrive = false;
+    for (fs::directory_iterator it(fs::path(prefix) / "dosdevices", error), end;
+         !error && it != end; it.increment(error)) {
+        const std::string name = it->path().filename().string();
+        if (name.size() == 2 && name[1] == ':' && name[0] >= 'a' && name[0] <= 'z') {
+            anyDrive = true;
+            consider(name[0], it->path());
+        }
+    }
+    if (!anyDrive)
+        consider('c', fs::path(prefix) / "drive_c");
+    for (char& c : rest)
+        if (c == '/')
+            c = '\\';
+    return std::string{letter, ':', '\\'} + rest;
+}
+
 std::string UserProfileFolder(const std::string& prefix)
 {
     const fs::path users = ChildIgnoringCase(fs::path(prefix) / "drive_c", "users");

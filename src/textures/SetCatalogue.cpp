@@ -8,6 +8,7 @@
 #include "common/TextCompare.h"
 #include "common/WildcardMatch.h"
 #include "common/WindowsNames.h"
+#include "textures/TextureSetEntry.h"
 
 #include <algorithm>
 
@@ -163,6 +164,17 @@ std::string CheckDataFolder(FileOperations& files, EventPump& events, std::strin
     if (subfolders.empty())
         return "No folder(s) under the " + name + " path.";
     return {};
+}
+
+const TextureSetEntry* FindSetNamed(const std::vector<TextureSetEntry>& sets, std::string_view name)
+{
+    for (const TextureSetEntry& set : sets)
+        if (set.name == name)
+            return &set;
+    for (const TextureSetEntry& set : sets)
+        if (EqualsIgnoreCase(set.name, name))
+            return &set;
+    return nullptr;
 }
 
 } // namespace vellumar

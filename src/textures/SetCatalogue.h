@@ -10,6 +10,7 @@ namespace vellumar {
 
 class EventPump;
 class FileOperations;
+struct TextureSetEntry;
 
 // A file of a set folder that the simulator could not open under Windows, and why.
 struct RefusedFile {
@@ -24,6 +25,11 @@ struct SetFolderFiles {
     TextList names; // bare names, in listing order
     std::vector<RefusedFile> refused;
 };
+
+// The set of that name in `sets`: spelt exactly, else in another letter case; nothing when
+// there is none.
+const TextureSetEntry* FindSetNamed(const std::vector<TextureSetEntry>& sets,
+                                    std::string_view name);
 
 SetFolderFiles ScanSetFolder(FileOperations& files, EventPump& events, const std::string& folder);
 // The same from bare names already listed.

@@ -4,6 +4,7 @@
 #include "app/DataFolderChecks.h"
 #include "app/StartUpSequence.h"
 #include "common/ApplyProportionalFont_qt.h"
+#include "common/Clock.h"
 #include "common/FileHelpers.h"
 #include "common/MessageService.h"
 #include "common/PathText.h"

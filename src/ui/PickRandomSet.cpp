@@ -3,9 +3,6 @@
 #include "common/Clock.h"
 #include "common/EventPump.h"
 
-#include <memory>
-#include <random>
-
 namespace vellumar {
 
 RandomSetPicker::RandomSetPicker(std::function<double()> uniform)
@@ -47,13 +44,6 @@ int RandomSetPicker::PickRandomSet(int low, int high, const std::vector<bool>& s
     } while (!eligible(pick));
     LastRandomPick = pick;
     return pick;
-}
-
-std::function<double()> ClockSeededUniform(Clock& clock)
-{
-    auto engine = std::make_shared<std::mt19937_64>(
-        static_cast<std::uint64_t>(clock.now().time_since_epoch().count()));
-    return [engine] { return std::uniform_real_distribution<double>(0.0, 1.0)(*engine); };
 }
 
 } // namespace vellumar

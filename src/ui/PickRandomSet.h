@@ -26,7 +26,4 @@ private:
     std::function<double()> uniform_;
 };
 
-// A uniform generator in [0, 1) seeded from the clock's time.
-std::function<double()> ClockSeededUniform(Clock& clock);
-
 } // namespace vellumar

@@ -1,5 +1,6 @@
 #include "ui/PickRandomSet.h"
 
+#include "common/Clock.h"
 #include "support/CountingEventPump.h"
 #include "support/FakeClock.h"
 
