@@ -65,7 +65,7 @@ bool WriteSimulatorConfig(FileOperations& files, const std::string& path,
                           const std::string& value)
 {
     const std::optional<std::string> contents = files.readFile(path);
-    if (!contents)
+    if (!contents || TrimBlanks(section).empty() || TrimBlanks(key).empty())
         return false;
     const std::string text = EncodeAnsiText(value).value_or(value);
     const std::optional<std::string> edited =
@@ -236,7 +236,8 @@ SituationOutcome InstallSituation(TextureServices& textures, Registry& registry,
 
     if (!WriteSimulatorConfig(files, cfgFile, state.settings.SituationSection,
                               state.settings.SituationKey, StartSituationValue(situationFile))) {
-        messages.ShowMessage(cfgFile + "\ncan't be written. The start situation is unchanged.",
+        messages.ShowMessage(cfgFile + "\ncan't be written. The start situation is unchanged.\n" +
+                                 "Please confirm [Situation] Section and Key in cloud.ini.",
                              MessageStyle::Exclamation, "File Write Error");
         return outcome;
     }

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -116,10 +117,21 @@ TEST_F(WinePrefixTest, DriveLettersFollowTheDosDevicesLinks)
               fs::canonical(temp / "elsewhere").string() + "/Library");
     EXPECT_EQ(WinePrefix::HostPath(prefix, "C:"), driveC);
     EXPECT_EQ(WinePrefix::HostPath(prefix, "relative\\path"), "relative/path");
+
+    // And back, as the simulator is to read it: the deepest drive holding the path, else Z:.
+    fs::create_directory_symlink("/", temp / "prefix/dosdevices/z:");
+    EXPECT_EQ(WinePrefix::WindowsPath(prefix, driveC + "/Games/FS9/a b.FLT"),
+              "C:\\Games\\FS9\\a b.FLT");
+    EXPECT_EQ(WinePrefix::WindowsPath(prefix, temp / "elsewhere/Library"), "D:\\Library");
+    const std::string outside = fs::canonical(temp.makeFolder("outside")).string() + "/x.FLT";
+    std::string expected = "Z:" + outside;
+    std::replace(expected.begin(), expected.end(), '/', '\\');
+    EXPECT_EQ(WinePrefix::WindowsPath(prefix, outside), expected);
     // Without dosdevices, C: is still drive_c and Z: the root.
     fs::remove_all(prefix + "/dosdevices");
     EXPECT_EQ(WinePrefix::HostPath(prefix, "C:\\x"), prefix + "/drive_c/x");
     EXPECT_EQ(WinePrefix::HostPath(prefix, "Z:\\tmp\\x"), "/tmp/x");
+    EXPECT_EQ(WinePrefix::WindowsPath(prefix, prefix + "/drive_c/x"), "C:\\x");
 }
 
 TEST_F(WinePrefixTest, SystemFoldersComeFromThePrefixUser)
