@@ -2,6 +2,7 @@
 
 #include "app/CloudIni.h"
 #include "app/DataFolderChecks.h"
+#include "app/FsDiscovery.h"
 #include "app/StartUpSequence.h"
 #include "common/ApplyProportionalFont_qt.h"
 #include "common/Clock.h"
@@ -19,6 +20,7 @@
 #include "common/widgets/Skin.h"
 #include "common/widgets/SkyBand.h"
 #include "common/widgets/TickBox.h"
+#include "simulator/Situation.h"
 #include "textures/Backup.h"
 #include "textures/Install.h"
 #include "textures/Restore.h"
@@ -163,6 +165,7 @@ Form1::Form1(Services& services, ProgramState& state, const ScreenFacts& screen,
     , state_(state)
     , screen_(screen)
     , picker_(uniform ? std::move(uniform) : ClockSeededUniform(services.clock))
+    , splashDraw_(ClockSeededUniform(services.clock))
 {
     setObjectName(QStringLiteral("Form1"));
     setWindowIcon(skin::AppIcon());
@@ -394,11 +397,15 @@ void Form1::CreateControls()
 void Form1::CreateMenus()
 {
     mnuPopUpClearSituaion_ = NewMenu(this, "mnuPopUpClearSituaion");
-    AddItem(mnuPopUpClearSituaion_, "mnuClearSituation2", "Clear Situation");
+    connect(AddItem(mnuPopUpClearSituaion_, "mnuClearSituation2", "Clear Situation"),
+            &QAction::triggered, this, &Form1::mnuClearSituation_Click);
 
     mnuPopUpStartMode_ = NewMenu(this, "mnuPopUpStartMode");
-    AddItem(mnuPopUpStartMode_, "mnuNotStartFs", "Activate Auto Install Without Starting Fs");
-    AddItem(mnuPopUpStartMode_, "mnuCancel", "Cancel");
+    connect(
+        AddItem(mnuPopUpStartMode_, "mnuNotStartFs", "Activate Auto Install Without Starting Fs"),
+        &QAction::triggered, this, &Form1::mnuNotStartFs_Click);
+    connect(AddItem(mnuPopUpStartMode_, "mnuCancel", "Cancel"), &QAction::triggered, this,
+            &Form1::mnuCancel_Click);
 
     mnuPopUpCloud_ = NewMenu(this, "mnuPopUpCloud");
     connect(AddItem(mnuPopUpCloud_, "mnuClearCloudAll", "Clear Check All"), &QAction::triggered,
@@ -443,6 +450,8 @@ void Form1::CreateMenus()
             connect(action, &QAction::triggered, this, &Form1::mnuShowIni_Click);
         if (name == "mnuLastInst")
             connect(action, &QAction::triggered, this, &Form1::mnuLastInst_Click);
+        if (name == "mnuClearSituation")
+            connect(action, &QAction::triggered, this, &Form1::mnuClearSituation_Click);
     }
 
     PIC_->setContextMenu(mnuPopUpTaskTray_);
@@ -454,8 +463,11 @@ void Form1::Connect()
     connect(cmdMin_, &QAbstractButton::clicked, this, &Form1::cmdMin_Click);
     connect(cmdRandom_, &QAbstractButton::clicked, this, &Form1::cmdRandom_Click);
     connect(cmdInst_, &QAbstractButton::clicked, this, &Form1::cmdInst_Click);
-    connect(cmdInstAndStart_, &PictureButton::rightPressed, this,
-            [this](const QPoint& at) { PopUp(mnuPopUpStartMode_, at); });
+    connect(cmdInstAndStart_, &PictureButton::mouseDown, this, &Form1::cmdInstAndStart_MouseDown);
+    connect(cmdInstAndStart_, &QAbstractButton::clicked, this, &Form1::cmdInstAndStart_Click);
+    connect(lstFLT_, &QListWidget::currentRowChanged, this, [this] { lstFLT_Click(); });
+    connect(lstFLT_, &QListWidget::itemClicked, this, [this] { lstFLT_Click(); });
+    connect(tmrFsCheck2_, &QTimer::timeout, this, &Form1::tmrFsCheck2_Timer);
     connect(cmdBackUp_, &QAbstractButton::clicked, this, &Form1::cmdBackUp_Click);
     connect(cmdToOrg_, &QAbstractButton::clicked, this, &Form1::cmdToOrg_Click);
     connect(cmdBackUp_, &PictureButton::rightPressed, this,
@@ -513,8 +525,16 @@ void Form1::Form_Load()
     // A missing help folder leaves nothing to open.
     lblHelp_->setEnabled(IsOK(FolderExists(services_.files, HelpFolder(state_.paths.ProgramPath))));
 
-    // Situations: their list is filled by the situation work, which is not part of this build,
-    // so the situation choice (ButtonCtrl below) stays off until it has something to show.
+    // The splash pictures are counted (and the simulator's own kept) once; each Install & Start
+    // rotates them.
+    splash_ = SplashStateOf(state_.checks, state_.settings);
+    CountSplashPictures(services_.files, state_.paths.FsPath, splash_);
+
+    if (state_.settings.SituationEnabled)
+        FillSituationList();
+    else
+        situationProblem_ =
+            "Situations are switched off: see [Situation] in " + state_.paths.IniName + ".";
     windowState_.SituationCount = lstFLT_->count();
 
     ApplyProportionalFont(*this, state_.checks.ProportionalFont);
@@ -528,6 +548,9 @@ void Form1::Form_Load()
         optFLT_->setEnabled(false);
     ShowStatusWithAutoRandomOff();
     windowState_.AutoRandomInterval = 0;
+
+    // The watch follows the simulator from now on, once a second.
+    tmrFsCheck2_->start();
 
     if (state_.settings.StartSel == "situation" && optFLT_->isEnabled()) {
         optFLT_->setChecked(true);
@@ -800,6 +823,46 @@ void Form1::optFLT_Click()
     Apply(SituationModeControls());
     lblFunc_->setText(QStringLiteral("Situation"));
     ShowStatus({});
+    if (lstFLT_->count() > 0 && lstFLT_->currentRow() < 0) {
+        const QSignalBlocker quiet(lstFLT_);
+        lstFLT_->setCurrentRow(0);
+    }
+    lstFLT_Click();
+}
+
+void Form1::FillSituationList()
+{
+    const QSignalBlocker quiet(lstFLT_);
+    lstFLT_->clear();
+    const std::string& folder = state_.checks.SituationFolder;
+    for (const std::string& name : ListSituations(services_.files, services_.events, folder))
+        lstFLT_->addItem(QString::fromStdString(name));
+    situationProblem_ = CheckSituationFolder(services_.files, services_.events, folder);
+    if (!situationProblem_.empty())
+        situationProblem_ = "No situation to show: " + situationProblem_;
+    ShowToolTips();
+}
+
+void Form1::lstFLT_Click()
+{
+    QListWidgetItem* item = lstFLT_->currentItem();
+    if (!item)
+        return;
+    const SituationPreview preview = PreviewSituation(
+        services_.files, state_.checks.SituationFolder, item->text().toStdString());
+    if (preview.text) {
+        ShowStatus(*preview.text);
+        if (preview.fromTextFile)
+            lstFLT_->setToolTip(QString::fromStdString(*preview.text));
+    }
+    ImgSky_->clear();
+    if (!preview.picture.empty())
+        ImgSky_->ShowPicture(services_.files, preview.picture, state_.settings.StretchMode);
+}
+
+void Form1::mnuClearSituation_Click()
+{
+    ClearSituation(services_.files, services_.messages, state_, [] { QApplication::beep(); });
 }
 
 void Form1::optFs_Click(int index)
@@ -903,7 +966,9 @@ void Form1::ShowToolTips()
             continue;
         const auto found = configured.find(name);
         const std::string reason =
-            UnavailableReason(name, state_.paths.FsPaths[0], state_.paths.FsPaths[1]);
+            name == "optFLT"
+                ? situationProblem_
+                : UnavailableReason(name, state_.paths.FsPaths[0], state_.paths.FsPaths[1]);
         control->setToolTip(QString::fromStdString(
             ControlTip(found == configured.end() ? std::string() : found->second, reason)));
     }
@@ -1025,9 +1090,14 @@ void Form1::changeEvent(QEvent* event)
 
 void Form1::cmdInst_Click()
 {
+    InstallChosenSet();
+}
+
+bool Form1::InstallChosenSet()
+{
     const int index = cmbClouds_->currentIndex();
     if (index < 0)
-        return;
+        return false;
     InstallRequest request;
     request.setName = cmbClouds_->currentText().toStdString();
     request.cloudSetFolder = Sets()[static_cast<std::size_t>(index)].folder;
@@ -1044,6 +1114,104 @@ void Form1::cmdInst_Click()
         windowState_.LastInstallTime = *outcome.lastInstallTime;
     if (outcome.stopAutoRandom)
         AutoRandomOff();
+    return outcome.installed;
+}
+
+bool Form1::InstallChosenSituation()
+{
+    SituationRequest request;
+    if (const QListWidgetItem* item = lstFLT_->currentItem())
+        request.name = item->text().toStdString();
+    request.autoRandomRunning = windowState_.AutoRandomInterval != 0;
+    TextureServices textures = Textures();
+    const SituationOutcome outcome = InstallSituation(textures, services_.registry, state_, request,
+                                                      record_, [this] { ButtonSound(); });
+    if (outcome.lastInstallTime)
+        windowState_.LastInstallTime = *outcome.lastInstallTime;
+    if (outcome.stopAutoRandom)
+        AutoRandomOff();
+    lstFLT_Click(); // the description again, in place of the install's progress
+    return outcome.ok;
+}
+
+void Form1::ButtonSound()
+{
+    // The configured button sound comes with the sound work; until then the system's beep.
+    QApplication::beep();
+}
+
+// ---------------------------------------------------------------------------------------------
+// Install & Start and the simulator watch
+
+void Form1::cmdInstAndStart_MouseDown(Qt::MouseButton button, Qt::KeyboardModifiers modifiers,
+                                      const QPoint& globalPosition)
+{
+    if (button != Qt::LeftButton && button != Qt::RightButton)
+        return;
+    const StartMouseDown next = vellumar::cmdInstAndStart_MouseDown(
+        button == Qt::RightButton ? MouseButton::Right : MouseButton::Left,
+        modifiers.testFlag(Qt::ShiftModifier), windowState_.AutoRandomInterval, startFlags_);
+    if (next == StartMouseDown::ClickNow)
+        cmdInstAndStart_Click();
+    else if (next == StartMouseDown::StartModeMenu)
+        PopUp(mnuPopUpStartMode_, globalPosition);
+}
+
+void Form1::mnuNotStartFs_Click()
+{
+    startFlags_.StartFsAfterInstall = false;
+    cmdInstAndStart_Click();
+}
+
+void Form1::mnuCancel_Click()
+{
+    startFlags_ = StartFlags{};
+}
+
+void Form1::cmdInstAndStart_Click()
+{
+    InstallAndStartContext run(services_.messages, services_.clock, services_.simulator,
+                               windowState_.AutoRandomInterval, windowState_.LastInstallTime,
+                               OrderPosition_);
+    run.situationMode = windowState_.SituationMode;
+    run.selectionFlags = RandomSelectionFlags(Sets());
+    run.UnloadAfterFsStart = state_.settings.UnloadAfterFsStart;
+    run.fsFolder = state_.paths.FsPath;
+    run.fsExecutable = SimulatorExecutable();
+    run.installChosenSet = [this] { return InstallChosenSet(); };
+    run.installSituation = [this] { return InstallChosenSituation(); };
+    run.beep = [] { QApplication::beep(); };
+    run.armAutoRandom = [this] {
+        ButtonCtrl(false);
+        Timer1_->start();
+    };
+    run.showAutoRandomOff = [this] { lblTime_->setText(Text(IntervalText(0))); };
+    run.rotateSplash = [this] {
+        RotateSplash(services_.files, services_.events, *state_.ini, state_.paths.FsPath, splash_,
+                     splashDraw_);
+    };
+    run.closeMainWindow = [this] { close(); };
+    const StartFlags flags = startFlags_;
+    startFlags_ = StartFlags{}; // a click without a press of its own starts as a plain one
+    vellumar::cmdInstAndStart_Click(run, flags);
+}
+
+std::string Form1::SimulatorExecutable() const
+{
+    const std::string& name =
+        state_.paths.FsExeNames[static_cast<std::size_t>(state_.paths.FsIndex & 1)];
+    return name.empty() ? std::string(kFsExeName) : name;
+}
+
+void Form1::tmrFsCheck2_Timer()
+{
+    if (vellumar::tmrFsCheck2_Timer(services_.simulator, SimulatorExecutable(), fsWatch_)) {
+        // The simulator has closed: AutoRandom goes off, as a right click on lblTime does,
+        // even when it is off already.
+        ButtonSound();
+        OrderPosition_ = 0;
+        AutoRandomOff();
+    }
 }
 
 void Form1::cmdBackUp_Click()

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "common/widgets/WindowDrag.h"
+#include "simulator/FsWatch.h"
+#include "simulator/InstallAndStart.h"
+#include "simulator/Splash.h"
 #include "textures/LastInstalled.h"
 #include "ui/MainWindowLogic.h"
 #include "ui/PickRandomSet.h"
@@ -48,6 +51,10 @@ class Form1 final : public QWidget {
     Q_OBJECT
 
 public:
+    // The watch's "simulator closed" step, for tests that cannot wait a second.
+    void RunSimulatorWatch() { tmrFsCheck2_Timer(); }
+    const FsWatchState& simulatorWatch() const { return fsWatch_; }
+
     // `state` holds the configuration that the start-up has loaded; `uniform` feeds the hidden
     // random pick (empty: a generator seeded from the services' clock).
     Form1(Services& services, ProgramState& state, const ScreenFacts& screen,
@@ -94,6 +101,14 @@ private:
     void optSky_Click();
     void optFLT_Click();
     void optFs_Click(int index);
+    void lstFLT_Click();
+    void mnuClearSituation_Click();
+    void cmdInstAndStart_MouseDown(Qt::MouseButton button, Qt::KeyboardModifiers modifiers,
+                                   const QPoint& globalPosition);
+    void cmdInstAndStart_Click();
+    void mnuNotStartFs_Click();
+    void mnuCancel_Click();
+    void tmrFsCheck2_Timer();
     void cmdRandom_Click();
     void cmdInst_Click();
     void cmdBackUp_Click();
@@ -128,6 +143,13 @@ private:
     // The set of cmbClouds in the status line, unless a hidden pick keeps its name back.
     void ShowChosenSet();
     void ShowCopyProgress(std::uint64_t done, std::uint64_t total);
+    // The situation files of the situation folder in lstFLT; why there are none otherwise.
+    void FillSituationList();
+    // Installs cmbClouds' set with its ticked files: cmdInst's work, shared with Install & Start.
+    bool InstallChosenSet();
+    bool InstallChosenSituation();
+    void ButtonSound();
+    std::string SimulatorExecutable() const;
     // The services of an install, backup or restore, reporting to this window.
     TextureServices Textures();
     void Apply(const WindowChanges& changes);
@@ -142,6 +164,13 @@ private:
     MainWindowState windowState_;
     RandomSetPicker picker_;
     LastInstalledRecord record_;
+    SplashState splash_;
+    std::function<double()> splashDraw_;
+    FsWatchState fsWatch_;
+    StartFlags startFlags_;
+    // The next set of AutoRandom's order.
+    int OrderPosition_ = 0;
+    std::string situationProblem_;
     // The drag origin: where the mouse went down, relative to the window.
     WindowDrag drag_;
 

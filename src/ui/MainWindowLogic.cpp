@@ -306,10 +306,6 @@ std::string UnavailableReason(std::string_view controlName, const std::string& f
         return "No installation of this simulator was found on this system.";
     if (controlName == "optFs1" && fsPath1.empty())
         return "No second simulator installation was found on this system.";
-    if (controlName == "cmdInstAndStart")
-        return "Starting the simulator from here is not part of this version yet.";
-    if (controlName == "optFLT")
-        return "Situations are not part of this version yet.";
     if (controlName == "lblAutoRandom" || controlName == "lblTime")
         return "Auto Install is not part of this version yet.";
     return {};
@@ -324,11 +320,9 @@ std::string ControlTip(const std::string& configured, const std::string& reason)
 
 bool AwaitsLaterWork(std::string_view controlName)
 {
-    // Installing and starting the simulator, AutoRandom's interval and set selection, the
-    // sound window and the situations' own commands.
-    static constexpr std::array<std::string_view, 7> kLater = {
-        "cmdInstAndStart",   "lblAutoRandom",      "lblTime",      "mnuSound",
-        "mnuClearSituation", "mnuClearSituation2", "mnuNotStartFs"};
+    // AutoRandom's interval and set selection, and the sound window.
+    static constexpr std::array<std::string_view, 3> kLater = {"lblAutoRandom", "lblTime",
+                                                               "mnuSound"};
     return std::find(kLater.begin(), kLater.end(), controlName) != kLater.end();
 }
 

@@ -27,7 +27,8 @@ void TestInstallation::writeCloudIni(const std::string& sections) const
 {
     temp.write("Vellumar/cloud.ini", "[PathCheck]\r\nCheck=off\r\n[ButtonSound]\r\nBeep=off\r\n"
                                      "[AppName]\r\nName=Vellumar\r\n"
-                                     "[Situation]\r\nCfgFile=fs9.cfg\r\n"
+                                     "[Situation]\r\nCfgFile=fs9.cfg\r\nSection=STARTUP\r\n"
+                                     "Key=STARTUP_FLIGHT\r\n"
                                      "[Set1]\r\nDirName=Clouds\\Summer haze\r\n" +
                                          sections);
 }

@@ -58,6 +58,7 @@ public:
                                                "[ToolTipsText]\r\nDataList=Every set\r\n"
                                                "FilterOfList=Only these\r\n"
                                                "Inst&RunFs=Install, then fly\r\n"
+                                               "Situation=Saved flights\r\n"
                                                "[ShowSkyFiles]\r\nShowFiles=") +
                                    (showSkyFiles ? "True" : "False") + "\r\n" + extraSections);
     }
@@ -460,10 +461,9 @@ private Q_SLOTS:
                                      QStringLiteral("mnuStopRefresh=Stop Refresh"),
                                      QStringLiteral("mnuHelp=Help")}));
         QCOMPARE(menu->actions().size(), 15); // a separator between every two items
-        for (const char* name : {"mnuSound", "mnuClearSituation"}) {
-            QVERIFY2(Action(*window, name)->isVisible(), name);
-            QVERIFY2(!Action(*window, name)->isEnabled(), name);
-        }
+        QVERIFY(Action(*window, "mnuSound")->isVisible());
+        QVERIFY(!Action(*window, "mnuSound")->isEnabled());
+        QVERIFY(Action(*window, "mnuClearSituation")->isEnabled());
         QVERIFY(Action(*window, "mnuLastInst")->isEnabled());
         for (const char* name : {"mnuTime", "mnuWeather", "mnuStopRefresh", "mnuHelp"})
             QVERIFY2(!Action(*window, name)->isVisible(), name);
@@ -497,16 +497,19 @@ private Q_SLOTS:
     {
         Library library(false);
         const auto window = library.open();
-        for (const char* name : {"cmdInstAndStart", "lblAutoRandom", "lblTime"}) {
+        for (const char* name : {"lblAutoRandom", "lblTime"}) {
             QVERIFY2(Shown(*window, name), name);
             QVERIFY2(!Find(*window, name)->isEnabled(), name);
         }
         // Ticks do not bring them to life.
         Choose(Find<QComboBox>(*window, "cmbClouds"), QStringLiteral("Clear day"));
-        QVERIFY(!Find(*window, "cmdInstAndStart")->isEnabled());
-        QVERIFY(Find(*window, "cmdRandom")->isEnabled());
-        // Nothing to choose yet: no situations, no second simulator.
+        QVERIFY(!Find(*window, "lblTime")->isEnabled());
+        QVERIFY(Find(*window, "cmdInstAndStart")->isEnabled());
+        // Nothing to choose: no situations (the tip says why), no second simulator.
         QVERIFY(!Find(*window, "optFLT")->isEnabled());
+        QVERIFY(Find(*window, "optFLT")
+                    ->toolTip()
+                    .endsWith(QStringLiteral("*.FLT and *.WX files not found.")));
         QVERIFY(Find<QRadioButton>(*window, "optFs0")->isChecked());
         QVERIFY(!Find(*window, "optFs1")->isEnabled());
         QVERIFY(!window->findChild<QTimer*>(QStringLiteral("Timer1"))->isActive());
@@ -665,6 +668,70 @@ private Q_SLOTS:
                  JoinPath(library.temp / "Vellumar", "help"));
     }
 
+    void situationsPreviewInstallAndClearFromTheWindow()
+    {
+        Library library(false, "[StartSel]\r\nSel=Situation\r\n");
+        test::TempFolder& temp = library.temp;
+        temp.write("AppData/Microsoft/FS9/fs9.cfg", "[STARTUP]\r\nSTARTUP_FLIGHT=old\r\n");
+        temp.write("Vellumar/Situation/Dusk.FLT",
+                   "[Vellumar]\r\nShownText=Into the dusk\r\nSkyFolder1=Sky\\Clear day\r\n");
+        temp.write("Vellumar/Situation/Dusk.jpg");
+        QImage picture(32, 16, QImage::Format_RGB32);
+        picture.fill(Qt::darkBlue);
+        picture.save(QString::fromStdString(temp / "Vellumar/Situation/Dusk.jpg"));
+        temp.write("Vellumar/Situation/Dusk.WX", "[Vellumar]\r\nShownText=Weather\r\n");
+        temp.write("Vellumar/Situation/Dusk.txt", "Described\r\nat length");
+        const auto window = library.open();
+
+        // StartSel opens on the situations, the first one previewed.
+        QVERIFY(Find<QRadioButton>(*window, "optFLT")->isChecked());
+        auto* lstFLT = Find<QListWidget>(*window, "lstFLT");
+        QCOMPARE(lstFLT->count(), 2);
+        QCOMPARE(lstFLT->item(0)->text(), QStringLiteral("Dusk.FLT"));
+        QCOMPARE(Find<QLabel>(*window, "lblMsg")->text(), QStringLiteral("Described\nat length"));
+        QCOMPARE(lstFLT->toolTip(), QStringLiteral("Described\nat length"));
+        QVERIFY(Find(*window, "ImgSky")->isVisible());
+
+        library.fakes.messages.answerEverything = [](int) { return 6; }; // Yes
+        Click(Find(*window, "cmdInstAndStart"));
+        QCOMPARE(temp.read("FS9/texture/sky_day.bmp"), std::string("x"));
+        QVERIFY(temp.read("AppData/Microsoft/FS9/fs9.cfg").find("Dusk.FLT") != std::string::npos);
+        QCOMPARE(library.fakes.simulator.starts.size(), 1u);
+
+        Action(*window, "mnuClearSituation2")->trigger();
+        QCOMPARE(temp.read("AppData/Microsoft/FS9/fs9.cfg"),
+                 std::string("[STARTUP]\r\nSTARTUP_FLIGHT=\r\n"));
+    }
+
+    void installAndStartWithShiftInstallsOnlyAndTheWatchSeesTheSimulator()
+    {
+        Library library(false);
+        const auto window = library.open();
+        library.fakes.messages.answerEverything = [](int) { return 6; };
+        auto* button = Find(*window, "cmdInstAndStart");
+        QTest::mouseClick(button, Qt::LeftButton, Qt::ShiftModifier, button->rect().center());
+        QCOMPARE(library.temp.read("FS9/texture/cld01.bmp"), std::string("summer cloud"));
+        QVERIFY(library.fakes.simulator.starts.empty());
+
+        Click(button);
+        QCOMPARE(library.fakes.simulator.starts.size(), 1u);
+        // The watch runs from the start, once a second.
+        QVERIFY(window->findChild<QTimer*>(QStringLiteral("tmrFsCheck2"))->isActive());
+        window->RunSimulatorWatch();
+        QVERIFY(window->simulatorWatch().FsRunning);
+        QCOMPARE(window->simulatorWatch().ProcessId, 4242L);
+        library.fakes.simulator.quit();
+        window->RunSimulatorWatch();
+        QVERIFY(!window->simulatorWatch().FsRunning);
+        QCOMPARE(Find<QLabel>(*window, "lblTime")->text(), QStringLiteral("Off"));
+
+        // A start that fails is told, and the window stays.
+        library.fakes.simulator.failStart = true;
+        Click(button);
+        QCOMPARE(library.fakes.messages.last().title, std::string("FS Opening Error"));
+        QVERIFY(window->isVisible());
+    }
+
     void tipsAndTheProportionalFontComeFromCloudIni()
     {
         Library library(false, "[Font]\r\nProportional=Vellumar Test Sans\r\n");
@@ -679,10 +746,10 @@ private Q_SLOTS:
         // A control that cannot act here says why, under the user's own tip where there is one.
         QCOMPARE(Find(*window, "optFs1")->toolTip(),
                  QStringLiteral("No second simulator installation was found on this system."));
-        QVERIFY(Find(*window, "cmdInstAndStart")
+        QCOMPARE(Find(*window, "cmdInstAndStart")->toolTip(), QStringLiteral("Install, then fly"));
+        QVERIFY(Find(*window, "optFLT")
                     ->toolTip()
-                    .startsWith(QStringLiteral("Install, then fly\n")));
-        QVERIFY(Find(*window, "cmdInstAndStart")->toolTip().size() > 20);
+                    .startsWith(QStringLiteral("Saved flights\nNo situation to show: ")));
         for (const char* name : {"lstSky", "lblMsg", "cmdRandom", "cmbClouds", "optSky"})
             QCOMPARE(Find(*window, name)->font().families().value(0),
                      QStringLiteral("Vellumar Test Sans"));

@@ -270,6 +270,8 @@ void PictureButton::paintEvent(QPaintEvent*)
 
 void PictureButton::mousePressEvent(QMouseEvent* event)
 {
+    if (isEnabled())
+        Q_EMIT mouseDown(event->button(), event->modifiers(), event->globalPosition().toPoint());
     if (event->button() == Qt::RightButton) {
         if (isEnabled())
             Q_EMIT rightPressed(event->globalPosition().toPoint());

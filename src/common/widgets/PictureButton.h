@@ -29,6 +29,10 @@ public:
 Q_SIGNALS:
     // The right button went down on the key (its popup menus open on this).
     void rightPressed(const QPoint& globalPosition);
+    // Any button went down on the enabled key, with the keys held at that moment; sent before
+    // the press does anything else.
+    void mouseDown(Qt::MouseButton button, Qt::KeyboardModifiers modifiers,
+                   const QPoint& globalPosition);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
