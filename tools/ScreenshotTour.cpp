@@ -20,9 +20,11 @@
 #include <QDir>
 #include <QLabel>
 #include <QLinearGradient>
+#include <QListWidget>
 #include <QMenu>
 #include <QPainter>
 #include <QProgressBar>
+#include <QRadioButton>
 #include <QStyleFactory>
 #include <QTest>
 #include <QWindow>
@@ -217,6 +219,26 @@ int main(int argc, char** argv)
         bar->show();
         Settle();
         saved &= Save(window->grab(), folder, "main-window-copying.png");
+    }
+    {
+        // The situations: a saved flight chosen, with its description and picture.
+        auto window = OpenWindow(program, false);
+        auto* situations = window->findChild<QRadioButton*>(QStringLiteral("optFLT"));
+        QTest::mouseClick(situations, Qt::LeftButton);
+        auto* list = window->findChild<QListWidget*>(QStringLiteral("lstFLT"));
+        const auto storm = list->findItems(QStringLiteral("Summer evening.FLT"), Qt::MatchExactly);
+        if (!storm.isEmpty())
+            list->setCurrentItem(storm.front());
+        Settle();
+        saved &= Save(window->grab(), folder, "main-window-situations.png");
+
+        // The right button on Install & Start, as it is with AutoRandom on.
+        auto* startMenu = window->findChild<QMenu*>(QStringLiteral("mnuPopUpStartMode"));
+        auto* start = window->findChild<QWidget*>(QStringLiteral("cmdInstAndStart"));
+        startMenu->popup(start->mapToGlobal(QPoint(12, start->height() - 4)));
+        Settle();
+        saved &= Save(GrabWithMenu(*window, *startMenu), folder, "main-window-start-menu.png");
+        startMenu->hide();
     }
     {
         // The hidden random pick: the lists give way to a panel that keeps the set's name back.

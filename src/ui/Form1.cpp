@@ -949,6 +949,11 @@ void Form1::AutoRandomOff()
 
 void Form1::ShowStatusWithAutoRandomOff()
 {
+    // In situation mode the status is the situation's own description.
+    if (windowState_.SituationMode && !windowState_.HideSetName) {
+        lstFLT_Click();
+        return;
+    }
     if (const auto text =
             StatusWithAutoRandomOff(windowState_, cmbClouds_->currentText().toStdString()))
         ShowStatus(*text);

@@ -185,7 +185,9 @@ WindowChanges SkyModeControls(const MainWindowState& state)
     SwitchFilters(changes.visible, !state.ShowSkyFiles);
     Switch(changes.visible, "lstFLT", false);
     Switch(changes.visible, "ImgSky", true);
+    // The mode caption stands where the heading of the filters stands.
     Switch(changes.visible, "lblFunc", false);
+    Switch(changes.visible, "lblFilter4", true);
     for (std::string_view name : {"cmdBackUp", "cmdToOrg", "cmdInst"})
         Switch(changes.enabled, name, true);
     return changes;
@@ -202,6 +204,7 @@ WindowChanges SituationModeControls()
     Switch(changes.visible, kHiddenPickPanel, false);
     Switch(changes.visible, "lstFLT", true);
     Switch(changes.visible, "lblFunc", true);
+    Switch(changes.visible, "lblFilter4", false);
     for (std::string_view name : {"cmdBackUp", "cmdToOrg", "cmdInst"})
         Switch(changes.enabled, name, false);
     return changes;
