@@ -1,5 +1,6 @@
 #include "app/CloudIni.h"
 
+#include "app/AutoRandomSelection.h"
 #include "app/DataFolderChecks.h"
 #include "common/FileHelpers.h"
 #include "common/FileOperations.h"
@@ -128,11 +129,12 @@ void ReadToolTips(const CloudIniFile& ini, CloudIniSettings& settings)
     }
 }
 
-void AddSet(Services& services, const std::string& dirName, const std::string& name,
+void AddSet(Services& services, int section, const std::string& dirName, const std::string& name,
             const ProgramPaths& paths, bool random, std::optional<int> order,
             CloudIniSettings& settings)
 {
     TextureSetEntry set;
+    set.section = section;
     set.dirName = dirName;
     set.folder = JoinPath(JoinPath(paths.DataFolder, "Texture"), ToNativeSeparators(dirName));
     set.name = name;
@@ -168,7 +170,7 @@ LoadOutcome ReadSets(Services& services, CloudIniFile& ini, const ProgramPaths& 
                     continue;
                 const std::string name =
                     hasAlias ? alias + " " + std::to_string(i) : LastPathComponent(member);
-                AddSet(services, member, name, paths, random, order, settings);
+                AddSet(services, number, member, name, paths, random, order, settings);
             }
             continue;
         }
@@ -178,8 +180,8 @@ LoadOutcome ReadSets(Services& services, CloudIniFile& ini, const ProgramPaths& 
                                           MessageStyle::Exclamation, paths.IniName);
             continue;
         }
-        AddSet(services, dirName, hasAlias ? alias : LastPathComponent(dirName), paths, random,
-               order, settings);
+        AddSet(services, number, dirName, hasAlias ? alias : LastPathComponent(dirName), paths,
+               random, order, settings);
     }
     return LoadOutcome::Loaded;
 }
@@ -285,6 +287,7 @@ LoadOutcome LoadCloudIni(Services& services, CloudIniFile& ini, ProgramPaths& pa
     ReadToolTips(ini, settings);
     if (ReadSets(services, ini, paths, settings) == LoadOutcome::EndProgram)
         return LoadOutcome::EndProgram;
+    settings.AutoRandom = ReadAutoRandomSelection(ini, settings.Sets);
     settings.SaveSelection = ReadIniBoolean(ini, keys::SaveSelection, settings.SaveSelection);
     ReadBackupList(ini, settings);
     return LoadOutcome::Loaded;

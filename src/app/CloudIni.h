@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/AutoRandomSelection.h"
 #include "common/InstalledFonts.h"
 #include "common/TextList.h"
 #include "config/CloudIniSchema.h"
@@ -50,6 +51,7 @@ struct CloudIniSettings {
     std::vector<std::pair<std::string, std::string>> ToolTips;
     bool SaveSelection = IniDefaultBoolean(CloudIniKeys::SaveSelection);
     std::vector<TextureSetEntry> Sets;
+    AutoRandomSelection AutoRandom;
     bool BackupAll = false;
     TextList BackupList;
 };

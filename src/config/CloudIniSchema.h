@@ -435,6 +435,34 @@ inline constexpr IniKey SetOrder{
     .setting = "Sets",
     .rule = "The set's place when AutoRandom goes in order. Not a number: no place."};
 
+// What the AutoRandom selection window arranges, kept in a section of the program's own: the
+// sets' own keys say only whether a set (or a whole series) takes part.
+inline constexpr IniKey AutoRandomMode{
+    .section = "AutoRandom",
+    .key = "Mode",
+    .type = IniType::Choice,
+    .defaultValue = "random",
+    .choices = "random|order",
+    .writtenByProgram = true,
+    .setting = "AutoRandom",
+    .rule = "order: AutoRandom installs the sets of the order list in turn. Any other value: a "
+            "random set among those that take part."};
+inline constexpr IniKey AutoRandomOrder{
+    .section = "AutoRandom",
+    .key = "Order#",
+    .writtenByProgram = true,
+    .setting = "AutoRandom",
+    .rule = "The order list, by set folder (DirName, or a series member's folder). When "
+            "present it replaces the sets' Order keys; sets it leaves out follow in catalogue "
+            "order."};
+inline constexpr IniKey AutoRandomLeftOut{
+    .section = "AutoRandom",
+    .key = "LeftOut#",
+    .writtenByProgram = true,
+    .setting = "AutoRandom",
+    .rule = "Members of a from/to series that do not take part, by folder, although their "
+            "section's Random is on."};
+
 // The table: every row once, in the order of the example file.
 inline constexpr auto kAll = std::to_array<const IniKey*>({&AppName,
                                                            &PathCheck,
@@ -486,7 +514,10 @@ inline constexpr auto kAll = std::to_array<const IniKey*>({&AppName,
                                                            &SetTo,
                                                            &SetAlias,
                                                            &SetRandom,
-                                                           &SetOrder});
+                                                           &SetOrder,
+                                                           &AutoRandomMode,
+                                                           &AutoRandomOrder,
+                                                           &AutoRandomLeftOut});
 
 } // namespace CloudIniKeys
 

@@ -12,6 +12,7 @@ struct TextureSetEntry {
     std::string folder;  // the full path of the set folder
     bool random = true;  // takes part in AutoRandom
     std::optional<int> order;
+    int section = 0;       // N of the [SetN] that declares it (members of a series share one)
     int compatibility = 5; // the set's category (see SetCategory)
 };
 
