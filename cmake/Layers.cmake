@@ -11,7 +11,7 @@ set(VELLUMAR_LAYERS
     "config"
     "textures|sound"
     "app"
-    "simulator"
+    "simulator|autorandom"
     "ui|cli"
     "."
 )

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <random>
+#include <thread>
 
 namespace vellumar {
 
@@ -16,6 +17,10 @@ public:
     std::chrono::steady_clock::time_point tick() override
     {
         return std::chrono::steady_clock::now();
+    }
+    void wait(std::chrono::milliseconds duration) override
+    {
+        std::this_thread::sleep_for(duration);
     }
 };
 

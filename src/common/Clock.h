@@ -16,6 +16,8 @@ public:
     virtual std::chrono::system_clock::time_point now() = 0;
     // A monotonic tick for measuring intervals, untouched when the user sets the system clock.
     virtual std::chrono::steady_clock::time_point tick() = 0;
+    // Waits (the AutoRandom test wait); a test's clock only moves on.
+    virtual void wait(std::chrono::milliseconds duration) = 0;
 };
 
 // The system's clocks.

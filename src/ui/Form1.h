@@ -6,7 +6,7 @@
 #include "simulator/Splash.h"
 #include "textures/LastInstalled.h"
 #include "ui/MainWindowLogic.h"
-#include "ui/PickRandomSet.h"
+#include "autorandom/PickRandomSet.h"
 
 #include <QPoint>
 #include <QSystemTrayIcon>

@@ -10,6 +10,8 @@ public:
     std::chrono::system_clock::time_point now() override { return now_; }
     std::chrono::steady_clock::time_point tick() override { return tick_; }
 
+    void wait(std::chrono::milliseconds duration) override { advance(duration); }
+
     void set(std::chrono::system_clock::time_point now) { now_ = now; }
     void advance(std::chrono::milliseconds by)
     {

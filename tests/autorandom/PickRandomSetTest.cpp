@@ -1,4 +1,4 @@
-#include "ui/PickRandomSet.h"
+#include "autorandom/PickRandomSet.h"
 
 #include "common/Clock.h"
 #include "support/CountingEventPump.h"
