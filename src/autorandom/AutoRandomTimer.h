@@ -41,6 +41,14 @@ struct AutoRandomRun {
 
 // The work of a tick that belongs to others.
 struct AutoRandomSteps {
+    AutoRandomSteps(Clock& clock, EventPump& events, RandomSetPicker& picker,
+                    const AutoRandomSelection& selection)
+        : clock(clock)
+        , events(events)
+        , picker(picker)
+        , selection(selection)
+    {}
+
     Clock& clock;
     EventPump& events;
     RandomSetPicker& picker;
@@ -48,10 +56,10 @@ struct AutoRandomSteps {
     long RandomWait = 0; // milliseconds, waited on every tick
     bool HideSetName = false;
     // The name of a set of the catalogue, as cmbClouds shows it.
-    std::function<std::string(int set)> setName;
+    std::function<std::string(int set)> setName = [](int) { return std::string(); };
     std::function<void()> autoRandomSound = [] {};
     // Installs a set; true when its files were copied.
-    std::function<bool(int set)> install;
+    std::function<bool(int set)> install = [](int) { return false; };
 };
 
 // One tick of Timer1 (every 200 ms while AutoRandom runs).

@@ -55,7 +55,7 @@ TEST(AutoRandomSoak, TenThousandInstallsKeepMemoryFoldersAndTheRecordInBounds)
         [&engine] { return std::uniform_real_distribution<double>(0.0, 1.0)(engine); });
     LastInstalledRecord record({}, 5);
     TextureServices textures{fakes.messages, fakes.files, fakes.events, fakes.clock};
-    AutoRandomSteps steps{fakes.clock, fakes.events, picker, selection};
+    AutoRandomSteps steps(fakes.clock, fakes.events, picker, selection);
     steps.setName = [](int set) { return "Set " + std::to_string(set); };
     steps.install = [&](int set) {
         InstallRequest request;
