@@ -134,6 +134,14 @@ void WriteAutoRandomSelection(CloudIniFile& ini, const std::vector<TextureSetEnt
                    std::string(keys::AutoRandomMode.key), selection.OrderMode ? "order" : "random");
 }
 
+void ReloadAutoRandomSelection(const CloudIniFile& ini, std::vector<TextureSetEntry>& sets,
+                               AutoRandomSelection& selection)
+{
+    for (TextureSetEntry& set : sets)
+        set.random = ReadIniChoice(ini, keys::SetRandom, set.section) != "off";
+    selection = ReadAutoRandomSelection(ini, sets);
+}
+
 void TickAutoRandomSet(AutoRandomSelection& selection, int index, bool ticked)
 {
     if (index < 0 || static_cast<std::size_t>(index) >= selection.flags.size())

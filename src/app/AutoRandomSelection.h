@@ -31,6 +31,11 @@ AutoRandomSelection ReadAutoRandomSelection(const CloudIniFile& ini,
 void WriteAutoRandomSelection(CloudIniFile& ini, const std::vector<TextureSetEntry>& sets,
                               const AutoRandomSelection& selection);
 
+// The selection as cloud.ini holds it now: each set's Random read again, then the rest. Run
+// after the selection window has written it.
+void ReloadAutoRandomSelection(const CloudIniFile& ini, std::vector<TextureSetEntry>& sets,
+                               AutoRandomSelection& selection);
+
 // lstSet_ItemCheck: a ticked set joins the end of the order, an unticked one leaves it.
 void TickAutoRandomSet(AutoRandomSelection& selection, int index, bool ticked);
 

@@ -4,6 +4,7 @@
 #include "app/DataFolderChecks.h"
 #include "app/FsDiscovery.h"
 #include "app/StartUpSequence.h"
+#include "autorandom/AutoRandomTimer.h"
 #include "common/ApplyProportionalFont_qt.h"
 #include "common/Clock.h"
 #include "common/FileHelpers.h"
@@ -26,6 +27,7 @@
 #include "textures/Restore.h"
 #include "textures/SetCatalogue.h"
 #include "ui/SetListModel_qt.h"
+#include "ui/frmRandSel.h"
 
 #include <QAction>
 #include <QApplication>
@@ -504,6 +506,12 @@ void Form1::Connect()
         connect(lblFilter_[static_cast<std::size_t>(index)], &ClickableLabel::clicked, this,
                 [this, index] { lblFilter_Click(index); });
     connect(lblHelp_, &ClickableLabel::clicked, this, &Form1::lblHelp_Click);
+    connect(lblAutoRandom_, &ClickableLabel::clicked, this, &Form1::lblAutoRandom_Click);
+    connect(lblTime_, &ClickableLabel::pressed, this,
+            [this](Qt::MouseButton button, Qt::KeyboardModifiers modifiers, const QPoint&) {
+                lblTime_MouseDown(button, modifiers);
+            });
+    connect(Timer1_, &QTimer::timeout, this, &Form1::Timer1_Timer);
     connect(lblOption_, &ClickableLabel::clicked, this, &Form1::lblOption_Click);
 
     connect(PIC_, &QSystemTrayIcon::activated, this, &Form1::PIC_Activated);
@@ -548,6 +556,10 @@ void Form1::Form_Load()
         optFLT_->setEnabled(false);
     ShowStatusWithAutoRandomOff();
     windowState_.AutoRandomInterval = 0;
+
+    // AutoRandom can be set up once there is a set to install.
+    lblAutoRandom_->setEnabled(!Sets().empty());
+    lblTime_->setEnabled(!Sets().empty());
 
     // The watch follows the simulator from now on, once a second.
     tmrFsCheck2_->start();
@@ -1129,8 +1141,11 @@ bool Form1::InstallChosenSituation()
         request.name = item->text().toStdString();
     request.autoRandomRunning = windowState_.AutoRandomInterval != 0;
     TextureServices textures = Textures();
-    const SituationOutcome outcome = InstallSituation(textures, services_.registry, state_, request,
-                                                      record_, [this] { ButtonSound(); });
+    const SituationOutcome outcome =
+        InstallSituation(textures, services_.registry, state_, request, record_, [this] {
+            if (!ButtonSound())
+                QApplication::beep();
+        });
     if (outcome.lastInstallTime)
         windowState_.LastInstallTime = *outcome.lastInstallTime;
     if (outcome.stopAutoRandom)
@@ -1139,10 +1154,10 @@ bool Form1::InstallChosenSituation()
     return outcome.ok;
 }
 
-void Form1::ButtonSound()
+bool Form1::ButtonSound()
 {
-    // The configured button sound comes with the sound work; until then the system's beep.
-    QApplication::beep();
+    // The configured button sound comes with the sound work.
+    return false;
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -1186,6 +1201,7 @@ void Form1::cmdInstAndStart_Click()
     run.installChosenSet = [this] { return InstallChosenSet(); };
     run.installSituation = [this] { return InstallChosenSituation(); };
     run.beep = [] { QApplication::beep(); };
+    run.openAutoRandomSelection = [this] { lblAutoRandom_Click(); };
     run.armAutoRandom = [this] {
         ButtonCtrl(false);
         Timer1_->start();
@@ -1201,6 +1217,69 @@ void Form1::cmdInstAndStart_Click()
     vellumar::cmdInstAndStart_Click(run, flags);
 }
 
+// ---------------------------------------------------------------------------------------------
+// AutoRandom
+
+void Form1::lblAutoRandom_Click()
+{
+    // Modal to this window, without a nested event loop: the countdown and the watch go on.
+    auto* selection = new frmRandSel(services_, state_, this);
+    selection->setAttribute(Qt::WA_DeleteOnClose);
+    connect(selection, &frmRandSel::iniChanged, this, &Form1::close, Qt::QueuedConnection);
+    selection->open();
+}
+
+void Form1::lblTime_MouseDown(Qt::MouseButton button, Qt::KeyboardModifiers modifiers)
+{
+    if (button != Qt::LeftButton && button != Qt::RightButton)
+        return;
+    ButtonSound();
+    const IntervalClick click =
+        IntervalClickFor(button == Qt::RightButton, modifiers.testFlag(Qt::ShiftModifier),
+                         modifiers.testFlag(Qt::ControlModifier));
+    const int tenths = NextIntervalTenths(IntervalTenths(windowState_.AutoRandomInterval), click);
+    if (click == IntervalClick::Off)
+        OrderPosition_ = 0;
+    windowState_.AutoRandomInterval = IntervalMinutes(tenths);
+    if (tenths == 0) {
+        AutoRandomOff();
+        return;
+    }
+    lblTime_->setText(Text(IntervalText(windowState_.AutoRandomInterval)));
+    cmdInst_->setEnabled(false);
+    // AutoRandom picks from the whole library: a chosen filter goes back to "All ".
+    if (windowState_.ChosenFilter != SetFilter::All)
+        lblFilter_Click(SetFilter::All);
+}
+
+void Form1::Timer1_Timer()
+{
+    AutoRandomRun run;
+    run.AutoRandomInterval = windowState_.AutoRandomInterval;
+    run.LastInstallTime = windowState_.LastInstallTime;
+    run.OrderPosition = OrderPosition_;
+    run.LastInstallOk = LastInstallOk_;
+    AutoRandomSteps steps(services_.clock, services_.events, picker_, state_.settings.AutoRandom);
+    steps.RandomWait = state_.settings.RandomWait;
+    steps.HideSetName = windowState_.HideSetName;
+    steps.setName = [this](int set) { return Sets()[static_cast<std::size_t>(set)].name; };
+    steps.install = [this](int set) {
+        cmbClouds_Click(set);
+        return InstallChosenSet();
+    };
+    int current = cmbClouds_->currentIndex();
+    const AutoRandomTick tick = vellumar::Timer1_Timer(run, steps, current);
+    // An install that failed while copying has switched AutoRandom off meanwhile.
+    if (windowState_.AutoRandomInterval == 0)
+        return;
+    windowState_.LastInstallTime = run.LastInstallTime;
+    OrderPosition_ = run.OrderPosition;
+    LastInstallOk_ = run.LastInstallOk;
+    // Five times a second: the status line is redrawn only when its text changes.
+    if (lblMsg_->text().toStdString() != tick.status)
+        ShowStatus(tick.status);
+}
+
 std::string Form1::SimulatorExecutable() const
 {
     const std::string& name =
@@ -1213,9 +1292,7 @@ void Form1::tmrFsCheck2_Timer()
     if (vellumar::tmrFsCheck2_Timer(services_.simulator, SimulatorExecutable(), fsWatch_)) {
         // The simulator has closed: AutoRandom goes off, as a right click on lblTime does,
         // even when it is off already.
-        ButtonSound();
-        OrderPosition_ = 0;
-        AutoRandomOff();
+        lblTime_MouseDown(Qt::RightButton, Qt::NoModifier);
     }
 }
 

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "autorandom/PickRandomSet.h"
 #include "common/widgets/WindowDrag.h"
 #include "simulator/FsWatch.h"
 #include "simulator/InstallAndStart.h"
 #include "simulator/Splash.h"
 #include "textures/LastInstalled.h"
 #include "ui/MainWindowLogic.h"
-#include "autorandom/PickRandomSet.h"
 
 #include <QPoint>
 #include <QSystemTrayIcon>
@@ -54,6 +54,8 @@ public:
     // The watch's "simulator closed" step, for tests that cannot wait a second.
     void RunSimulatorWatch() { tmrFsCheck2_Timer(); }
     const FsWatchState& simulatorWatch() const { return fsWatch_; }
+    // One tick of the AutoRandom countdown, for tests that drive the clock themselves.
+    void RunAutoRandomTick() { Timer1_Timer(); }
 
     // `state` holds the configuration that the start-up has loaded; `uniform` feeds the hidden
     // random pick (empty: a generator seeded from the services' clock).
@@ -109,6 +111,9 @@ private:
     void mnuNotStartFs_Click();
     void mnuCancel_Click();
     void tmrFsCheck2_Timer();
+    void lblAutoRandom_Click();
+    void lblTime_MouseDown(Qt::MouseButton button, Qt::KeyboardModifiers modifiers);
+    void Timer1_Timer();
     void cmdRandom_Click();
     void cmdInst_Click();
     void cmdBackUp_Click();
@@ -148,7 +153,8 @@ private:
     // Installs cmbClouds' set with its ticked files: cmdInst's work, shared with Install & Start.
     bool InstallChosenSet();
     bool InstallChosenSituation();
-    void ButtonSound();
+    // Plays the configured button sound; false when there is none to play.
+    bool ButtonSound();
     std::string SimulatorExecutable() const;
     // The services of an install, backup or restore, reporting to this window.
     TextureServices Textures();
@@ -168,8 +174,9 @@ private:
     std::function<double()> splashDraw_;
     FsWatchState fsWatch_;
     StartFlags startFlags_;
-    // The next set of AutoRandom's order.
+    // The place in AutoRandom's order of the set installed last, and how that install went.
     int OrderPosition_ = 0;
+    bool LastInstallOk_ = true;
     std::string situationProblem_;
     // The drag origin: where the mouse went down, relative to the window.
     WindowDrag drag_;

@@ -309,8 +309,6 @@ std::string UnavailableReason(std::string_view controlName, const std::string& f
         return "No installation of this simulator was found on this system.";
     if (controlName == "optFs1" && fsPath1.empty())
         return "No second simulator installation was found on this system.";
-    if (controlName == "lblAutoRandom" || controlName == "lblTime")
-        return "Auto Install is not part of this version yet.";
     return {};
 }
 
@@ -323,9 +321,8 @@ std::string ControlTip(const std::string& configured, const std::string& reason)
 
 bool AwaitsLaterWork(std::string_view controlName)
 {
-    // AutoRandom's interval and set selection, and the sound window.
-    static constexpr std::array<std::string_view, 3> kLater = {"lblAutoRandom", "lblTime",
-                                                               "mnuSound"};
+    // The sound window.
+    static constexpr std::array<std::string_view, 1> kLater = {"mnuSound"};
     return std::find(kLater.begin(), kLater.end(), controlName) != kLater.end();
 }
 

@@ -40,10 +40,9 @@ protected:
     AutoRandomSelection read()
     {
         const CloudIniFile ini(fakes.files, fakes.messages, path);
-        // Each set's Random as the loader reads it before the selection.
-        for (TextureSetEntry& set : sets)
-            set.random = ini.ReadIniValue("Set" + std::to_string(set.section), "Random") != "off";
-        return ReadAutoRandomSelection(ini, sets);
+        AutoRandomSelection selection;
+        ReloadAutoRandomSelection(ini, sets, selection);
+        return selection;
     }
 };
 

@@ -35,7 +35,7 @@ void ClickableLabel::mousePressEvent(QMouseEvent* event)
         return;
     }
     leftDown_ = event->button() == Qt::LeftButton;
-    Q_EMIT pressed(event->button(), event->globalPosition().toPoint());
+    Q_EMIT pressed(event->button(), event->modifiers(), event->globalPosition().toPoint());
     event->accept();
 }
 

@@ -19,7 +19,8 @@ public:
 
 Q_SIGNALS:
     // A mouse button went down on the label (lblTime acts on the press, not the click).
-    void pressed(Qt::MouseButton button, const QPoint& globalPosition);
+    void pressed(Qt::MouseButton button, Qt::KeyboardModifiers modifiers,
+                 const QPoint& globalPosition);
     // The left button went down and came up again on the label.
     void clicked();
 
