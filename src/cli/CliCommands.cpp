@@ -1,9 +1,10 @@
 #include "cli/CliCommands.h"
 
+#include "cli/AutoRandomCommands.h"
 #include "cli/DemoCommand.h"
 #include "cli/IniCommands.h"
-#include "cli/SystemCommands.h"
 #include "cli/SimulatorCommands.h"
+#include "cli/SystemCommands.h"
 #include "cli/TextureCommands.h"
 
 #include <CLI/CLI.hpp>
@@ -21,6 +22,7 @@ void AddAllCommands(CommandSet& commands)
     AddDemoCommand(commands);
     AddTextureCommands(commands);
     AddSimulatorCommands(commands);
+    AddAutoRandomCommands(commands);
 }
 
 // The command the line got as far as naming ("vellumar-cli ini get"), for messages.

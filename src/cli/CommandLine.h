@@ -9,4 +9,7 @@ namespace vellumar {
 // them over in.
 std::vector<std::string> CommandLineArguments(int argc, char** argv);
 
+// True when standard output goes to a terminal, where a line can be redrawn in place.
+bool OutputIsTerminal();
+
 } // namespace vellumar

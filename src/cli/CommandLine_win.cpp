@@ -5,6 +5,8 @@
 
 #include <windows.h>
 
+#include <cstdio>
+#include <io.h>
 #include <shellapi.h>
 
 namespace vellumar {
@@ -20,6 +22,11 @@ std::vector<std::string> CommandLineArguments(int argc, char** argv)
         arguments.push_back(FromWide(wide[i]));
     LocalFree(wide);
     return arguments;
+}
+
+bool OutputIsTerminal()
+{
+    return _isatty(_fileno(stdout)) != 0;
 }
 
 } // namespace vellumar
