@@ -460,5 +460,37 @@ TEST(DemoProgramTest, PrintsTheVariablesToExportAndRefusesWhatItMustNotTouch)
     EXPECT_EQ(RunDemoProgram("", false, fakes.files, out, err), 2);
 }
 
+TEST(DemoProgramTest, FsExeStartsTheStandInBesideTheDemoOrStaysAPlaceholderWithANote)
+{
+    test::TempFolder temp;
+    test::TestServices fakes;
+    std::ostringstream out, err;
+    const std::string standin = temp.write("bin/vellumar-standin", "#!/bin/sh\n");
+    const std::string fs9 = "prefix/drive_c/Program Files (x86)/Microsoft Games/"
+                            "Flight Simulator 9/fs9.exe";
+    ASSERT_EQ(RunDemoProgram(temp / "demo", false, fakes.files, out, err, standin), 0);
+    const std::string script = temp.read("demo/" + fs9);
+    EXPECT_TRUE(script.starts_with("#!/bin/sh\n")) << script;
+    // No exec: the shell's command line must go on naming fs9.exe for the watch to find it.
+    EXPECT_EQ(script.find("exec"), std::string::npos) << script;
+    EXPECT_NE(script.find(ShellQuoted(standin) + " --simulator \"$(dirname \"$0\")\""),
+              std::string::npos)
+        << script;
+    const std::string config = temp / ("demo/prefix/drive_c/users/" + CurrentUserName() +
+                                       "/AppData/Roaming/Microsoft/FS9/fs9.cfg");
+    EXPECT_NE(script.find("--config " + ShellQuoted(config)), std::string::npos) << script;
+#ifndef _WIN32
+    EXPECT_NE(fs::status(temp / ("demo/" + fs9)).permissions() & fs::perms::others_exec,
+              fs::perms::none);
+#endif
+    EXPECT_EQ(err.str(), "");
+
+    ASSERT_EQ(RunDemoProgram(temp / "demo", false, fakes.files, out, err, temp / "bin/gone"), 0);
+    EXPECT_TRUE(temp.read("demo/" + fs9).starts_with("MZ"));
+    EXPECT_NE(err.str().find("note: the simulator's stand-in " + (temp / "bin/gone")),
+              std::string::npos)
+        << err.str();
+}
+
 } // namespace
 } // namespace vellumar
