@@ -12,6 +12,10 @@
 #include <ctime>
 #include <fstream>
 
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
+
 namespace vellumar::standin {
 
 namespace fs = std::filesystem;
@@ -42,11 +46,28 @@ std::string ReadValue(const std::string& contents, std::string_view section, std
     return DecodeAnsiText(ProfileText::Read(contents, section, key, "", kValueBuffer));
 }
 
-std::string ClockText(fs::file_time_type time)
+// When a file was last written or put in place, in nanoseconds since 1970. A copy keeps the
+// time stamp of its source, so the time the file came into this folder is its status change
+// time.
+std::int64_t ArrivalTime(const fs::path& path, fs::file_time_type written)
 {
-    const auto system =
-        std::chrono::time_point_cast<std::chrono::seconds>(std::chrono::file_clock::to_sys(time));
-    const std::time_t seconds = std::chrono::system_clock::to_time_t(system);
+    std::int64_t nanoseconds = std::chrono::duration_cast<std::chrono::nanoseconds>(
+                                   std::chrono::file_clock::to_sys(written).time_since_epoch())
+                                   .count();
+#ifndef _WIN32
+    struct stat status {};
+    if (::stat(path.c_str(), &status) == 0)
+        nanoseconds = std::max<std::int64_t>(
+            nanoseconds, std::int64_t(status.st_ctim.tv_sec) * 1000000000 + status.st_ctim.tv_nsec);
+#else
+    (void)path;
+#endif
+    return nanoseconds;
+}
+
+std::string ClockText(std::int64_t nanosecondsSince1970)
+{
+    const auto seconds = static_cast<std::time_t>(nanosecondsSince1970 / 1000000000);
     const std::tm* local = std::localtime(&seconds);
     if (!local)
         return {};
@@ -193,7 +214,7 @@ StandinScene DescribeScene(const std::string& simulatorFolder, const std::string
     }
 
     std::vector<std::pair<std::string, fs::path>> bitmaps;
-    std::optional<fs::file_time_type> newest;
+    std::optional<std::int64_t> newest;
     std::vector<std::string> stamps;
     for (fs::directory_iterator it(*texture, error), end; !error && it != end;
          it.increment(error)) {
@@ -201,12 +222,16 @@ StandinScene DescribeScene(const std::string& simulatorFolder, const std::string
         if (!it->is_regular_file(fileError))
             continue;
         const std::string name = it->path().filename().string();
-        const fs::file_time_type time = it->last_write_time(fileError);
+        const fs::file_time_type written = it->last_write_time(fileError);
+        const std::int64_t arrived = ArrivalTime(it->path(), written);
         const std::uintmax_t size = it->file_size(fileError);
+        // Another set's file of the same name and size may carry an older time stamp: the
+        // arrival time tells them apart.
         stamps.push_back(name + " " + std::to_string(size) + " " +
-                         std::to_string(time.time_since_epoch().count()));
-        if (!newest || time > *newest)
-            newest = time;
+                         std::to_string(written.time_since_epoch().count()) + " " +
+                         std::to_string(arrived));
+        if (!newest || arrived > *newest)
+            newest = arrived;
         if (EndsWithIgnoreCase(name, ".bmp"))
             bitmaps.emplace_back(name, it->path());
     }

@@ -29,7 +29,7 @@ struct StandinScene {
 
     std::string situationName;  // the start situation's file name without extension, or ""
     std::string situationTitle; // [Main] Title of its .FLT, when the file could be read
-    std::string installedAt;    // "HH:MM:SS" of the newest file in the texture folder, or ""
+    std::string installedAt;    // "HH:MM:SS" when the newest file came into the texture folder
 
     // Names, sizes and time stamps of every file the scene was made from; two scenes with the
     // same stamp show the same picture.

@@ -47,23 +47,99 @@ std::vector<QColor> SampleStrip(const QImage& strip, int count)
     return colours;
 }
 
+// A box blur of a premultiplied picture, across and then down: the simulator's textures are
+// small, and stretched over the window their edges would show every pixel.
+QImage Softened(const QImage& picture, int radius)
+{
+    QImage result = picture;
+    const int w = picture.width(), h = picture.height();
+    for (int pass = 0; pass < 2; ++pass) {
+        const QImage source = result;
+        const bool across = pass == 0;
+        const int lines = across ? h : w, length = across ? w : h;
+        for (int line = 0; line < lines; ++line) {
+            for (int i = 0; i < length; ++i) {
+                int sum[4] = {0, 0, 0, 0};
+                int count = 0;
+                for (int k = std::max(0, i - radius); k <= std::min(length - 1, i + radius); ++k) {
+                    const QRgb p = across ? source.pixel(k, line) : source.pixel(line, k);
+                    sum[0] += qRed(p), sum[1] += qGreen(p), sum[2] += qBlue(p), sum[3] += qAlpha(p);
+                    ++count;
+                }
+                const QRgb blurred =
+                    qRgba(sum[0] / count, sum[1] / count, sum[2] / count, sum[3] / count);
+                if (across)
+                    result.setPixel(i, line, blurred);
+                else
+                    result.setPixel(line, i, blurred);
+            }
+        }
+    }
+    return result;
+}
+
 // Texture bitmaps are light on black, the way the simulator blends them. As a sprite the black
-// turns transparent with a soft edge while the cloud keeps its own colour, dark storm bases too.
-QImage ToSprite(const QImage& picture, qreal edge)
+// turns transparent with a soft edge. Inside, the cloud keeps its own colour, dark storm bases
+// too; towards the edge it keeps the brightness of its body, or every cloud would get a dark rim.
+// `tint` (with its alpha as strength) lends it the light of the hour.
+QImage ToSprite(const QImage& picture, qreal edge, const QColor& tint = QColor(255, 255, 255, 0))
 {
     QImage source = picture.convertToFormat(QImage::Format_RGB32);
+    std::vector<int> levels;
+    levels.reserve(std::size_t(source.width()) * std::size_t(source.height()));
+    for (int y = 0; y < source.height(); ++y) {
+        const auto* in = reinterpret_cast<const QRgb*>(source.constScanLine(y));
+        for (int x = 0; x < source.width(); ++x)
+            if (const int level = std::max({qRed(in[x]), qGreen(in[x]), qBlue(in[x])}); level > 24)
+                levels.push_back(level);
+    }
+    qreal body = 0.9;
+    if (!levels.empty()) {
+        const auto at = levels.begin() + std::ptrdiff_t(levels.size() * 3 / 4);
+        std::nth_element(levels.begin(), at, levels.end());
+        body = *at / 255.0;
+    }
+    const qreal strength = tint.alphaF();
     QImage sprite(source.size(), QImage::Format_ARGB32_Premultiplied);
     for (int y = 0; y < source.height(); ++y) {
         const auto* in = reinterpret_cast<const QRgb*>(source.constScanLine(y));
         auto* out = reinterpret_cast<QRgb*>(sprite.scanLine(y));
         for (int x = 0; x < source.width(); ++x) {
-            const int r = qRed(in[x]), g = qGreen(in[x]), b = qBlue(in[x]);
-            const qreal level = std::max({r, g, b}) / 255.0;
-            qreal t = std::clamp((level - 0.03) / edge, 0.0, 1.0);
+            const qreal r = qRed(in[x]) / 255.0, g = qGreen(in[x]) / 255.0,
+                        b = qBlue(in[x]) / 255.0;
+            const qreal level = std::max({r, g, b, 1e-3});
+            qreal t = std::clamp((level - 0.03) / std::max(edge * body - 0.03, 0.05), 0.0, 1.0);
             t = t * t * (3 - 2 * t);
-            out[x] = qRgba(qRound(r * t), qRound(g * t), qRound(b * t), qRound(255 * t));
+            const qreal brightness = (body + (level - body) * t) / level;
+            auto channel = [&](qreal value, qreal light) {
+                const qreal lit = std::min(1.0, value * brightness);
+                return qRound(255 * t * (lit + (lit * light - lit) * strength));
+            };
+            out[x] = qRgba(channel(r, tint.redF()), channel(g, tint.greenF()),
+                           channel(b, tint.blueF()), qRound(255 * t));
         }
     }
+    return Softened(sprite, 1);
+}
+
+// A sheet of stratus or cirrus runs to the edges of its bitmap; stretched over the sky its
+// copies would end in straight cuts.
+QImage FadedAtTheSides(QImage sprite)
+{
+    QPainter painter(&sprite);
+    painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
+    QLinearGradient across(0, 0, sprite.width(), 0);
+    across.setColorAt(0, Qt::transparent);
+    across.setColorAt(0.3, Qt::black);
+    across.setColorAt(0.7, Qt::black);
+    across.setColorAt(1, Qt::transparent);
+    painter.fillRect(sprite.rect(), across);
+    QLinearGradient down(0, 0, 0, sprite.height());
+    down.setColorAt(0, Qt::transparent);
+    down.setColorAt(0.2, Qt::black);
+    down.setColorAt(0.8, Qt::black);
+    down.setColorAt(1, Qt::transparent);
+    painter.fillRect(sprite.rect(), down);
     return sprite;
 }
 
@@ -180,6 +256,12 @@ void StandinWindow::loadPictures()
     skyColours_ = SampleStrip(Load(scene_.sky, skippedPictures_), 16);
     earthColours_ = SampleStrip(Load(scene_.earth, skippedPictures_), 8);
 
+    // Clouds take the light of the hour: warm at dawn and dusk, dim at night.
+    QColor tint(255, 255, 255, 0);
+    if (scene_.timeOfDay == "night")
+        tint = QColor(70, 80, 110, 255);
+    else if (scene_.timeOfDay != "day")
+        tint = QColor(255, 200, 160, 130);
     clouds_.clear();
     for (const std::string& path : scene_.clouds) {
         const QImage picture = Load(path, skippedPictures_);
@@ -187,12 +269,14 @@ void StandinWindow::loadPictures()
             continue;
         const QString name = FileName(path).toLower();
         if (name.startsWith("stratus")) {
-            clouds_.push_back({ToSprite(picture, 0.5), Sprite::Kind::Sheet});
+            clouds_.push_back(
+                {FadedAtTheSides(ToSprite(picture, 0.85, tint)), Sprite::Kind::Sheet});
         } else if (name.startsWith("cirrus")) {
-            clouds_.push_back({ToSprite(picture, 0.6), Sprite::Kind::Streaks});
+            clouds_.push_back(
+                {FadedAtTheSides(ToSprite(picture, 0.85, tint)), Sprite::Kind::Streaks});
         } else {
             // Four clouds to a sheet, one in each quarter: each is a puff of its own.
-            const QImage sprite = ToSprite(picture, 0.3);
+            const QImage sprite = ToSprite(picture, 0.85, tint);
             const int w = sprite.width() / 2, h = sprite.height() / 2;
             for (int quarter = 0; quarter < 4; ++quarter)
                 clouds_.push_back(
@@ -209,7 +293,7 @@ void StandinWindow::loadPictures()
     precipitation_.clear();
     for (const std::string& path : scene_.precipitation)
         if (QImage picture = Load(path, skippedPictures_); !picture.isNull())
-            precipitation_.push_back(ToSprite(picture, 0.8));
+            precipitation_.push_back(ToSprite(picture, 0.6));
 }
 
 void StandinWindow::paintEvent(QPaintEvent*)
@@ -275,8 +359,8 @@ void StandinWindow::paintSky(QPainter& painter)
     }
     paintLights(painter, horizon);
     paintClouds(painter, horizon);
+    paintPrecipitation(painter, horizon);
     paintGround(painter, horizon);
-    paintPrecipitation(painter);
 }
 
 void StandinWindow::paintLights(QPainter& painter, qreal horizon)
@@ -294,6 +378,22 @@ void StandinWindow::paintLights(QPainter& painter, qreal horizon)
         centre = QPointF(width() * 0.7, horizon * 0.22);
 
     painter.save();
+    if (!night) {
+        // The light around the sun, so that even a small sun bitmap lights its part of the sky.
+        const qreal reach = height() * (scene_.timeOfDay == "day" ? 0.45 : 0.6);
+        QRadialGradient glow(centre, reach);
+        const QColor warm =
+            scene_.timeOfDay == "day" ? QColor(255, 250, 230) : QColor(255, 200, 130);
+        QColor faint = warm;
+        faint.setAlpha(0);
+        QColor bright = warm;
+        bright.setAlpha(150);
+        glow.setColorAt(0, bright);
+        glow.setColorAt(0.25, QColor(warm.red(), warm.green(), warm.blue(), 60));
+        glow.setColorAt(1, faint);
+        painter.fillRect(QRectF(centre.x() - reach, centre.y() - reach, 2 * reach, 2 * reach),
+                         glow);
+    }
     painter.setCompositionMode(QPainter::CompositionMode_Plus);
     if (!night && !corona_.isNull()) {
         const qreal size = height() * 0.55;
@@ -339,11 +439,11 @@ void StandinWindow::paintClouds(QPainter& painter, qreal horizon)
             continue;
         }
         const bool sheet = sprite.kind == Sprite::Kind::Sheet;
-        const int copies = sheet ? 3 : 2;
+        const int copies = sheet ? 4 : 2;
         for (int i = 0; i < copies; ++i) {
             const qreal cw = w * (sheet ? 0.62 : 0.75);
             const qreal ch = horizon * (sheet ? 0.34 : 0.24);
-            const qreal x = w * (qreal(i) / copies) - cw * 0.2 + unit(random) * w * 0.12;
+            const qreal x = w * (qreal(i) / copies) - cw * 0.3 + unit(random) * w * 0.1;
             const qreal y =
                 horizon * (sheet ? 0.12 + 0.22 * unit(random) : 0.02 + 0.14 * unit(random));
             placed.push_back({&sprite.image, QRectF(x, y, cw, ch), sheet ? 0.92 : 0.8});
@@ -415,20 +515,47 @@ void StandinWindow::paintGround(QPainter& painter, qreal horizon)
     painter.fillRect(QRectF(0, horizon - horizon * 0.05, w, height() * 0.14), mist);
 }
 
-void StandinWindow::paintPrecipitation(QPainter& painter)
+void StandinWindow::paintPrecipitation(QPainter& painter, qreal horizon)
 {
     if (precipitation_.empty())
         return;
-    painter.save();
-    painter.setOpacity(0.55);
-    const int tile = std::max(128, height() / 2);
-    for (std::size_t i = 0; i < precipitation_.size(); ++i) {
-        const int offset = int(i) * tile / 3;
-        for (int y = -offset; y < height(); y += tile)
-            for (int x = -offset / 2; x < width(); x += tile)
-                painter.drawImage(QRect(x, y, tile, tile), precipitation_[i]);
+    // Rain and snow fall as curtains in the distance, under the cloud bases: the picture is of
+    // the sky, not of a windscreen. Each bitmap installed adds a curtain.
+    const qreal w = width();
+    const QRectF shafts[] = {{w * 0.08, horizon * 0.42, w * 0.2, horizon * 0.62},
+                             {w * 0.55, horizon * 0.48, w * 0.16, horizon * 0.56},
+                             {w * 0.33, horizon * 0.5, w * 0.12, horizon * 0.54}};
+    const std::size_t count = std::min(std::size(shafts), precipitation_.size());
+    for (std::size_t i = 0; i < count; ++i) {
+        const QRectF shaft = shafts[i];
+        QImage curtain(shaft.size().toSize(), QImage::Format_ARGB32_Premultiplied);
+        curtain.fill(Qt::transparent);
+        {
+            QPainter inner(&curtain);
+            inner.fillRect(curtain.rect(), QColor(120, 130, 145, 50));
+            const QImage& streaks = precipitation_[i % precipitation_.size()];
+            const int tile = std::max(64, curtain.height() / 2);
+            for (int y = 0; y < curtain.height(); y += tile)
+                for (int x = 0; x < curtain.width(); x += tile)
+                    inner.drawImage(QRect(x, y, tile, tile), streaks);
+            // Soft on every side but the ground.
+            inner.setCompositionMode(QPainter::CompositionMode_DestinationIn);
+            QLinearGradient across(0, 0, curtain.width(), 0);
+            across.setColorAt(0, Qt::transparent);
+            across.setColorAt(0.3, Qt::black);
+            across.setColorAt(0.7, Qt::black);
+            across.setColorAt(1, Qt::transparent);
+            inner.fillRect(curtain.rect(), across);
+            QLinearGradient down(0, 0, 0, curtain.height());
+            down.setColorAt(0, Qt::transparent);
+            down.setColorAt(0.35, Qt::black);
+            inner.fillRect(curtain.rect(), down);
+        }
+        painter.save();
+        painter.setOpacity(0.6);
+        painter.drawImage(shaft.topLeft(), curtain);
+        painter.restore();
     }
-    painter.restore();
 }
 
 void StandinWindow::paintProblem(QPainter& painter)
@@ -469,7 +596,9 @@ void StandinWindow::paintOverlay(QPainter& painter)
                      .arg(scene_.clouds.size())
                      .arg(scene_.clouds.size() == 1 ? "" : "s");
     if (!scene_.precipitation.empty())
-        drawn << QString("%1 rain/snow").arg(scene_.precipitation.size());
+        drawn << QString("%1 rain/snow bitmap%2")
+                     .arg(scene_.precipitation.size())
+                     .arg(scene_.precipitation.size() == 1 ? "" : "s");
     if (!scene_.earth.empty())
         drawn << FileName(scene_.earth);
     if (skippedPictures_ > 0)

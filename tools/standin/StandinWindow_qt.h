@@ -41,7 +41,7 @@ private:
     void paintGround(QPainter& painter, qreal horizon);
     void paintLights(QPainter& painter, qreal horizon);
     void paintClouds(QPainter& painter, qreal horizon);
-    void paintPrecipitation(QPainter& painter);
+    void paintPrecipitation(QPainter& painter, qreal horizon);
     void paintOverlay(QPainter& painter);
     void paintProblem(QPainter& painter);
 
