@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <filesystem>
 
 namespace vellumar::standin {
@@ -22,15 +23,26 @@ bool Lists(const std::vector<std::string>& paths, const std::string& name)
     });
 }
 
+// A bitmap file as far as its header goes: "BM", the file's size, the pixels' offset.
+std::string Bitmap(std::string_view pixels = "pixels")
+{
+    const auto size = static_cast<std::uint32_t>(14 + pixels.size());
+    std::string bytes = "BM";
+    for (std::uint32_t value : {size, 0u, 14u})
+        for (int shift = 0; shift < 32; shift += 8)
+            bytes += static_cast<char>((value >> shift) & 0xFF);
+    return bytes + std::string(pixels);
+}
+
 TEST(StandinSceneTest, ShowsTheTexturesInstalledNowAndSaysWhyWhenThereAreNone)
 {
     test::TempFolder temp;
     // The folder's letter case as an installer may leave it.
-    temp.write("sim/Texture/sky_day.bmp");
-    temp.write("sim/Texture/cld01.bmp", "original");
-    temp.write("sim/Texture/sun.bmp");
+    temp.write("sim/Texture/sky_day.bmp", Bitmap());
+    temp.write("sim/Texture/cld01.bmp", Bitmap("original"));
+    temp.write("sim/Texture/sun.bmp", Bitmap());
     temp.write("sim/Texture/notes.txt");
-    temp.write("sim/uires/DLGSPLASH.BMP");
+    temp.write("sim/uires/DLGSPLASH.BMP", Bitmap());
     const std::string simulator = temp / "sim";
 
     const StandinScene before = DescribeScene(simulator, "", "");
@@ -42,13 +54,21 @@ TEST(StandinSceneTest, ShowsTheTexturesInstalledNowAndSaysWhyWhenThereAreNone)
 
     // An install replaces the originals and brings files of other names, a thunder sheet
     // among them; a file renamed into place counts as much as one written over.
-    temp.write("sim/Texture/cld01.bmp", "replaced by the set");
-    temp.write("incoming.bmp");
+    temp.write("sim/Texture/cld01.bmp", Bitmap("replaced by the set"));
+    temp.write("incoming.bmp", Bitmap());
     fs::rename(temp / "incoming.bmp", temp / "sim/Texture/cldcn01.bmp");
     const StandinScene after = DescribeScene(simulator, "", "");
     EXPECT_TRUE(Lists(after.clouds, "cldcn01.bmp"));
     EXPECT_NE(after.stamp, before.stamp);
     EXPECT_EQ(DescribeScene(simulator, "", "").stamp, after.stamp); // nothing changed: no redraw
+
+    // A bitmap still being copied is left out, and said to be, until it is whole.
+    temp.write("sim/Texture/cld02.bmp", Bitmap("a cloud of many bytes").substr(0, 20));
+    const StandinScene copying = DescribeScene(simulator, "", "");
+    EXPECT_FALSE(Lists(copying.clouds, "cld02.bmp"));
+    EXPECT_EQ(copying.skipped, std::vector<std::string>{"cld02.bmp"});
+    temp.write("sim/Texture/cld02.bmp", Bitmap("a cloud of many bytes"));
+    EXPECT_TRUE(Lists(DescribeScene(simulator, "", "").clouds, "cld02.bmp"));
 
     fs::remove_all(temp / "sim/Texture");
     const StandinScene bare = DescribeScene(simulator, "", "");
@@ -62,8 +82,8 @@ TEST(StandinSceneTest, ShowsTheTexturesInstalledNowAndSaysWhyWhenThereAreNone)
 TEST(StandinSceneTest, NamesTheStartSituationOfFs9CfgAndTakesItsTimeOfDay)
 {
     test::TempFolder temp;
-    temp.write("sim/texture/sky_day.bmp");
-    temp.write("sim/texture/sky_dusk.bmp");
+    temp.write("sim/texture/sky_day.bmp", Bitmap());
+    temp.write("sim/texture/sky_dusk.bmp", Bitmap());
     const std::string prefix = temp / "prefix";
     temp.write("prefix/drive_c/Flights/Storm approach.FLT",
                "[Main]\r\nTitle=Storm approach over the sound\r\n\r\n"

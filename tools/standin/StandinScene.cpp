@@ -77,6 +77,23 @@ std::string ClockText(std::int64_t nanosecondsSince1970)
     return text;
 }
 
+// Whether a .bmp file holds as many bytes as its header promises. A file being copied is read
+// by Qt without complaint and drawn half black; the header says what is missing.
+bool IsWholeBitmap(const fs::path& path, std::uintmax_t size)
+{
+    std::ifstream in(path, std::ios::binary);
+    unsigned char header[14] = {};
+    if (!in.read(reinterpret_cast<char*>(header), sizeof header))
+        return false;
+    auto u32 = [&header](int at) {
+        return std::uint32_t(header[at]) | std::uint32_t(header[at + 1]) << 8 |
+               std::uint32_t(header[at + 2]) << 16 | std::uint32_t(header[at + 3]) << 24;
+    };
+    const std::uint32_t declared = u32(2); // some writers leave it 0
+    return header[0] == 'B' && header[1] == 'M' && u32(10) < size &&
+           (declared == 0 || size >= declared);
+}
+
 std::string TimeOfDay(int hour)
 {
     if (hour < 0 || hour > 23)
@@ -200,9 +217,11 @@ StandinScene DescribeScene(const std::string& simulatorFolder, const std::string
     }
     if (const auto uires = ChildIgnoringCase(simulator, "UIRES"))
         if (const auto splash = ChildIgnoringCase(*uires, "dlgsplash.bmp")) {
-            scene.splash = splash->string();
-            const fs::file_time_type time = fs::last_write_time(*splash, error);
-            scene.stamp += "splash " + std::to_string(time.time_since_epoch().count()) + "\n";
+            if (IsWholeBitmap(*splash, fs::file_size(*splash, error)))
+                scene.splash = splash->string();
+            const std::int64_t arrived = ArrivalTime(*splash, fs::last_write_time(*splash, error));
+            scene.stamp += "splash " + std::to_string(fs::file_size(*splash, error)) + " " +
+                           std::to_string(arrived) + "\n";
         }
 
     const std::optional<fs::path> texture = ChildIgnoringCase(simulator, "texture");
@@ -232,13 +251,18 @@ StandinScene DescribeScene(const std::string& simulatorFolder, const std::string
                          std::to_string(arrived));
         if (!newest || arrived > *newest)
             newest = arrived;
-        if (EndsWithIgnoreCase(name, ".bmp"))
+        if (!EndsWithIgnoreCase(name, ".bmp"))
+            continue;
+        if (IsWholeBitmap(it->path(), size))
             bitmaps.emplace_back(name, it->path());
+        else
+            scene.skipped.push_back(name);
     }
     // The folder's own order differs from machine to machine; the picture must not.
     std::sort(bitmaps.begin(), bitmaps.end(),
               [](const auto& a, const auto& b) { return CompareIgnoreCase(a.first, b.first) < 0; });
     std::sort(stamps.begin(), stamps.end());
+    std::sort(scene.skipped.begin(), scene.skipped.end());
     for (const std::string& line : stamps)
         scene.stamp += line + "\n";
     if (newest)

@@ -27,6 +27,9 @@ struct StandinScene {
     // "dawn", "day", "dusk" or "night", from the hour the situation starts at; "day" without one.
     std::string timeOfDay = "day";
 
+    // Bitmaps left out because they are cut short (still being copied, say) or are no bitmaps.
+    std::vector<std::string> skipped;
+
     std::string situationName;  // the start situation's file name without extension, or ""
     std::string situationTitle; // [Main] Title of its .FLT, when the file could be read
     std::string installedAt;    // "HH:MM:SS" when the newest file came into the texture folder

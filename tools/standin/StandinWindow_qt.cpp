@@ -601,8 +601,11 @@ void StandinWindow::paintOverlay(QPainter& painter)
                      .arg(scene_.precipitation.size() == 1 ? "" : "s");
     if (!scene_.earth.empty())
         drawn << FileName(scene_.earth);
-    if (skippedPictures_ > 0)
-        drawn << QString("%1 unreadable, skipped").arg(skippedPictures_);
+    const std::size_t skipped = scene_.skipped.size() + std::size_t(skippedPictures_);
+    if (skipped > 0)
+        drawn << (skipped == 1 && !scene_.skipped.empty()
+                      ? Text(scene_.skipped.front()) + " is incomplete, skipped"
+                      : QString("%1 bitmaps incomplete or unreadable, skipped").arg(skipped));
 
     QFont big = painter.font();
     big.setPointSizeF(12);
