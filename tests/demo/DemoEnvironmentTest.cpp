@@ -118,7 +118,7 @@ protected:
         temp_ = std::make_unique<test::TempFolder>();
         test::FaultyFileOperations files;
         outcome_ = std::make_unique<DemoOutcome>(
-            BuildDemoEnvironment(files, {(*temp_) / "demo", false, kUser}));
+            BuildDemoEnvironment(files, {(*temp_) / "demo", false, kUser, ""}));
         files_ = std::make_unique<std::map<std::string, std::string>>(FilesBelow(outcome_->folder));
     }
     static void TearDownTestSuite()
@@ -325,7 +325,7 @@ protected:
 
     DemoOutcome build(bool force = false)
     {
-        return BuildDemoEnvironment(files, {temp / "demo", force, kUser});
+        return BuildDemoEnvironment(files, {temp / "demo", force, kUser, ""});
     }
 };
 
@@ -341,7 +341,7 @@ TEST_F(DemoRebuildTest, AForeignFolderOrAFileIsRefusedAndLeftAlone)
     EXPECT_EQ(temp.read("demo/home/budget.xls"), "also mine");
 
     temp.write("file", "a file");
-    const DemoOutcome onAFile = BuildDemoEnvironment(files, {temp / "file", true, kUser});
+    const DemoOutcome onAFile = BuildDemoEnvironment(files, {temp / "file", true, kUser, ""});
     EXPECT_FALSE(onAFile.built);
     EXPECT_NE(onAFile.error.find("is a file"), std::string::npos);
     EXPECT_EQ(temp.read("file"), "a file");
@@ -415,7 +415,7 @@ TEST(DemoRegistryTextTest, ANameBeyondAsciiReadsBackThroughTheProgramsScanner)
     test::FaultyFileOperations files;
     // Quotes would be escaped too, but Windows allows none in a folder name.
     const std::string name = "Zo\xC3\xAB 'Ace' M\xC3\xBCller";
-    const DemoOutcome outcome = BuildDemoEnvironment(files, {temp / "demo", false, name});
+    const DemoOutcome outcome = BuildDemoEnvironment(files, {temp / "demo", false, name, ""});
     ASSERT_TRUE(outcome.built) << outcome.error;
     const std::string registry = temp.read("demo/prefix/system.reg");
     EXPECT_EQ(WineRegistryScanner::Find(
