@@ -9,6 +9,7 @@
 #include <QApplication>
 
 #include <CLI/CLI.hpp>
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <string>
@@ -34,6 +35,11 @@ int main(int argc, char** argv)
         simulator = std::filesystem::current_path(error).string();
     }
 
+#ifndef _WIN32
+    // Started from a script, the stand-in may outlive the pipe its output went to; a message
+    // written there must not end it.
+    std::signal(SIGPIPE, SIG_IGN);
+#endif
     const char* ready = std::getenv("VELLUMAR_EXIT_WHEN_READY");
     QApplication application(argc, argv);
     vellumar::standin::StandinWindow window({simulator, config,
