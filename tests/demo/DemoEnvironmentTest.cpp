@@ -118,7 +118,7 @@ protected:
         temp_ = std::make_unique<test::TempFolder>();
         test::FaultyFileOperations files;
         outcome_ = std::make_unique<DemoOutcome>(
-            BuildDemoEnvironment(files, {(*temp_) / "demo", false, kUser}));
+            BuildDemoEnvironment(files, {(*temp_) / "demo", false, kUser, ""}));
         files_ = std::make_unique<std::map<std::string, std::string>>(FilesBelow(outcome_->folder));
     }
     static void TearDownTestSuite()
@@ -325,7 +325,7 @@ protected:
 
     DemoOutcome build(bool force = false)
     {
-        return BuildDemoEnvironment(files, {temp / "demo", force, kUser});
+        return BuildDemoEnvironment(files, {temp / "demo", force, kUser, ""});
     }
 };
 
@@ -341,7 +341,7 @@ TEST_F(DemoRebuildTest, AForeignFolderOrAFileIsRefusedAndLeftAlone)
     EXPECT_EQ(temp.read("demo/home/budget.xls"), "also mine");
 
     temp.write("file", "a file");
-    const DemoOutcome onAFile = BuildDemoEnvironment(files, {temp / "file", true, kUser});
+    const DemoOutcome onAFile = BuildDemoEnvironment(files, {temp / "file", true, kUser, ""});
     EXPECT_FALSE(onAFile.built);
     EXPECT_NE(onAFile.error.find("is a file"), std::string::npos);
     EXPECT_EQ(temp.read("file"), "a file");
@@ -415,7 +415,7 @@ TEST(DemoRegistryTextTest, ANameBeyondAsciiReadsBackThroughTheProgramsScanner)
     test::FaultyFileOperations files;
     // Quotes would be escaped too, but Windows allows none in a folder name.
     const std::string name = "Zo\xC3\xAB 'Ace' M\xC3\xBCller";
-    const DemoOutcome outcome = BuildDemoEnvironment(files, {temp / "demo", false, name});
+    const DemoOutcome outcome = BuildDemoEnvironment(files, {temp / "demo", false, name, ""});
     ASSERT_TRUE(outcome.built) << outcome.error;
     const std::string registry = temp.read("demo/prefix/system.reg");
     EXPECT_EQ(WineRegistryScanner::Find(
@@ -458,6 +458,38 @@ TEST(DemoProgramTest, PrintsTheVariablesToExportAndRefusesWhatItMustNotTouch)
     EXPECT_NE(err.str().find("--force"), std::string::npos);
     // An unset shell variable must not build in the current folder.
     EXPECT_EQ(RunDemoProgram("", false, fakes.files, out, err), 2);
+}
+
+TEST(DemoProgramTest, FsExeStartsTheStandInBesideTheDemoOrStaysAPlaceholderWithANote)
+{
+    test::TempFolder temp;
+    test::TestServices fakes;
+    std::ostringstream out, err;
+    const std::string standin = temp.write("bin/vellumar-standin", "#!/bin/sh\n");
+    const std::string fs9 = "prefix/drive_c/Program Files (x86)/Microsoft Games/"
+                            "Flight Simulator 9/fs9.exe";
+    ASSERT_EQ(RunDemoProgram(temp / "demo", false, fakes.files, out, err, standin), 0);
+    const std::string script = temp.read("demo/" + fs9);
+    EXPECT_TRUE(script.starts_with("#!/bin/sh\n")) << script;
+    // No exec: the shell's command line must go on naming fs9.exe for the watch to find it.
+    EXPECT_EQ(script.find("exec"), std::string::npos) << script;
+    EXPECT_NE(script.find(ShellQuoted(standin) + " --simulator \"$(dirname \"$0\")\""),
+              std::string::npos)
+        << script;
+    const std::string config = temp / ("demo/prefix/drive_c/users/" + CurrentUserName() +
+                                       "/AppData/Roaming/Microsoft/FS9/fs9.cfg");
+    EXPECT_NE(script.find("--config " + ShellQuoted(config)), std::string::npos) << script;
+#ifndef _WIN32
+    EXPECT_NE(fs::status(temp / ("demo/" + fs9)).permissions() & fs::perms::others_exec,
+              fs::perms::none);
+#endif
+    EXPECT_EQ(err.str(), "");
+
+    ASSERT_EQ(RunDemoProgram(temp / "demo", false, fakes.files, out, err, temp / "bin/gone"), 0);
+    EXPECT_TRUE(temp.read("demo/" + fs9).starts_with("MZ"));
+    EXPECT_NE(err.str().find("note: the simulator's stand-in " + (temp / "bin/gone")),
+              std::string::npos)
+        << err.str();
 }
 
 } // namespace

@@ -69,7 +69,7 @@ protected:
 
     void SetUp() override
     {
-        demo = BuildDemoEnvironment(*files, {temp / "demo", false, "pilot"});
+        demo = BuildDemoEnvironment(*files, {temp / "demo", false, "pilot", ""});
         ASSERT_TRUE(demo.built) << demo.error;
         environment.set("WINEPREFIX", demo.prefix);
         environment.set("VELLUMAR_HOME", demo.home);

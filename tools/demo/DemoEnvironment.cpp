@@ -137,7 +137,17 @@ DemoOutcome BuildDemoEnvironment(FileOperations& files, const DemoOptions& optio
         simulator = JoinPath(simulator, demo::kSimulatorInDriveC.substr(start, slash - start));
         start = slash + 1;
     }
-    outcome.notes = demo::WriteWinePrefix(writer, kPrefixName, options.userName);
+    std::string standin;
+    if (!options.standinProgram.empty()) {
+        if (files.attributes(options.standinProgram).has_value())
+            standin = options.standinProgram;
+        else
+            outcome.notes.push_back("the simulator's stand-in " + options.standinProgram +
+                                    " is not there: the demo's fs9.exe is a placeholder that "
+                                    "does not run");
+    }
+    for (std::string& note : demo::WriteWinePrefix(writer, kPrefixName, options.userName, standin))
+        outcome.notes.push_back(std::move(note));
     demo::WriteHome(writer, kHomeName, {outcome.home, simulator});
 
     outcome.files = writer.filesWritten();

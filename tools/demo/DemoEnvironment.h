@@ -13,6 +13,9 @@ struct DemoOptions {
     std::string folder;   // where to build; made absolute
     bool force = false;   // build even in a non-empty folder that holds no demo
     std::string userName; // the Wine prefix user's name
+    // The stand-in simulator program (vellumar-standin) that the demo's fs9.exe starts; "" or a
+    // missing file leaves a placeholder fs9.exe that does not run.
+    std::string standinProgram;
 };
 
 struct DemoOutcome {

@@ -163,9 +163,12 @@ three channel folders.</dd>
 <dt><code>home/Splash Screen</code>, <code>home/Situation</code>, <code>home/Sound</code></dt>
 <dd>Splash pictures, situations and sounds.</dd>
 <dt><code>prefix/drive_c/Program Files (x86)/Microsoft Games/Flight Simulator 9</code></dt>
-<dd>The simulator. Its <code>fs9.exe</code> is a placeholder: starting it through Wine fails
-harmlessly, so try <em>Install</em> rather than <em>Install and start</em> unless you point
-<code>WINEPREFIX</code> at a real installation.</dd>
+<dd>The simulator. On Linux its <code>fs9.exe</code> is a small shell script that starts
+<code>vellumar-standin</code>: a window that shows the sky made of the bitmaps installed in
+<code>texture</code>, the splash picture, and the start situation of <code>fs9.cfg</code>, and that
+draws again whenever an install changes them. So <em>Install and start</em> shows what it did.
+Where the stand-in is missing (and on Windows), <code>fs9.exe</code> is a placeholder that does not
+run; point <code>WINEPREFIX</code> at a real installation to start the real simulator.</dd>
 </dl>
 
 <h2>Starting over</h2>

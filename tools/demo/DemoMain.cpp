@@ -6,8 +6,26 @@
 #include "demo/DemoProgram.h"
 
 #include <CLI/CLI.hpp>
+#include <filesystem>
 #include <iostream>
 #include <string>
+
+namespace {
+
+// The simulator's stand-in is built beside this program; only Linux runs it in place of fs9.exe
+// (elsewhere the demo keeps a placeholder).
+std::string StandinBesideThisProgram()
+{
+#ifdef __linux__
+    std::error_code error;
+    const std::filesystem::path self = std::filesystem::read_symlink("/proc/self/exe", error);
+    if (!error)
+        return (self.parent_path() / "vellumar-standin").string();
+#endif
+    return {};
+}
+
+} // namespace
 
 int main(int argc, char** argv)
 {
@@ -24,5 +42,6 @@ int main(int argc, char** argv)
         return app.exit(error) == 0 ? 0 : 2;
     }
     const auto files = vellumar::CreatePlatformFileOperations();
-    return vellumar::RunDemoProgram(folder, force, *files, std::cout, std::cerr);
+    return vellumar::RunDemoProgram(folder, force, *files, std::cout, std::cerr,
+                                    StandinBesideThisProgram());
 }

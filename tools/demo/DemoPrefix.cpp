@@ -1,5 +1,6 @@
 #include "demo/DemoPrefix.h"
 
+#include "demo/DemoEnvironment.h"
 #include "demo/DemoFolderWriter.h"
 #include "demo/DemoPictureFiles.h"
 #include "demo/DemoPictures.h"
@@ -158,6 +159,17 @@ std::string PlaceholderExecutable(std::string_view name)
     return bytes;
 }
 
+// What starts the stand-in simulator in place of fs9.exe. The shell stays (no exec), so that its
+// command line keeps naming fs9.exe, which is how Vellumar finds a running simulator.
+std::string StandinScript(std::string_view standinProgram, std::string_view config)
+{
+    return "#!/bin/sh\n"
+           "# Vellumar demo: stands in for Flight Simulator 2004. It shows the sky installed in\n"
+           "# this folder and the start situation of fs9.cfg.\n" +
+           ShellQuoted(standinProgram) + " --simulator \"$(dirname \"$0\")\" --config " +
+           ShellQuoted(config) + "\n";
+}
+
 } // namespace
 
 std::string EscapeRegistryText(std::string_view text, char closing)
@@ -228,7 +240,7 @@ std::string EscapeRegistryText(std::string_view text, char closing)
 }
 
 std::vector<std::string> WriteWinePrefix(DemoFolderWriter& writer, std::string_view prefixFolder,
-                                         std::string_view userName)
+                                         std::string_view userName, std::string_view standinProgram)
 {
     std::vector<std::string> notes;
     if (writer.failed())
@@ -252,7 +264,23 @@ std::vector<std::string> WriteWinePrefix(DemoFolderWriter& writer, std::string_v
     // The simulator as its installer leaves it: the executable and the original files that
     // texture sets replace.
     const std::string simulator = drive + "/" + std::string(kSimulatorInDriveC);
-    writer.file(simulator + "/fs9.exe", PlaceholderExecutable("fs9.exe"));
+    const std::string profile = drive + "/users/" + std::string(userName);
+    const std::string config = profile + "/AppData/Roaming/Microsoft/FS9/fs9.cfg";
+    if (standinProgram.empty()) {
+        writer.file(simulator + "/fs9.exe", PlaceholderExecutable("fs9.exe"));
+    } else if (writer.file(simulator + "/fs9.exe",
+                           StandinScript(standinProgram, writer.path(config)))) {
+        std::error_code error;
+        std::filesystem::permissions(
+            writer.path(simulator + "/fs9.exe"),
+            std::filesystem::perms::owner_all | std::filesystem::perms::group_read |
+                std::filesystem::perms::group_exec | std::filesystem::perms::others_read |
+                std::filesystem::perms::others_exec,
+            error);
+        if (error)
+            notes.push_back("could not make " + writer.path(simulator + "/fs9.exe") +
+                            " executable (" + error.message() + ")");
+    }
     writer.file(simulator + "/texture/cld01.bmp",
                 BitmapFile(CloudTexture(CloudKind::Cumulus, 9001)));
     writer.file(simulator + "/texture/cirrus01.bmp",
@@ -272,13 +300,12 @@ std::vector<std::string> WriteWinePrefix(DemoFolderWriter& writer, std::string_v
     writer.file(simulator + "/sound/thunder/xthun4c.wav", ThunderWave());
 
     // The user's profile: saved flights in the documents, fs9.cfg in the application data.
-    const std::string profile = drive + "/users/" + std::string(userName);
     writer.textFile(
         profile + "/Documents/Flight Simulator Files/Previous flight.FLT",
         "[Main]\nTitle=Previous flight\nDescription=Saved when the simulator closed.\n\n"
         "[DateTimeSeason]\nSeason=Summer\nYear=2004\nDay=172\nHours=14\nMinutes=5\n");
     writer.folder(profile + "/AppData/Local");
-    writer.textFile(profile + "/AppData/Roaming/Microsoft/FS9/fs9.cfg", SimulatorConfig());
+    writer.textFile(config, SimulatorConfig());
     writer.folder(drive + "/users/Public/Documents");
 
     // Drive C: of the prefix, as Wine links it.

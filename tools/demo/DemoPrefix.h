@@ -18,10 +18,13 @@ inline constexpr std::string_view kSimulatorInDriveC =
 
 // Writes a Wine prefix below `prefixFolder` (relative to the writer's root): the registry
 // files, the C: drive with the Windows folder, the simulator and the user's profile, and the
-// dosdevices link of drive C:. Returns notes about things that could not be made but do not
-// spoil the demo.
+// dosdevices link of drive C:. The simulator's fs9.exe is a shell script that starts
+// `standinProgram` (an absolute path) on the simulator folder, or a placeholder that does not
+// run when that is "". Returns notes about things that could not be made but do not spoil the
+// demo.
 std::vector<std::string> WriteWinePrefix(DemoFolderWriter& writer, std::string_view prefixFolder,
-                                         std::string_view userName);
+                                         std::string_view userName,
+                                         std::string_view standinProgram = {});
 
 // A text (UTF-8) as Wine writes it inside a quoted registry name or value, or a key name:
 // "\" and the closing character escaped with "\", control characters as C escapes or octal,

@@ -7,7 +7,7 @@
 namespace vellumar {
 
 int RunDemoProgram(const std::string& folder, bool force, FileOperations& files, std::ostream& out,
-                   std::ostream& err)
+                   std::ostream& err, const std::string& standinProgram)
 {
     // An empty DIR (an unset shell variable, say) would otherwise build in the current folder.
     if (folder.empty()) {
@@ -18,6 +18,7 @@ int RunDemoProgram(const std::string& folder, bool force, FileOperations& files,
     options.folder = folder;
     options.force = force;
     options.userName = CurrentUserName();
+    options.standinProgram = standinProgram;
     const DemoOutcome outcome = BuildDemoEnvironment(files, options);
     for (const std::string& note : outcome.notes)
         err << "vellumar-cli: note: " << note << '\n';
