@@ -75,9 +75,10 @@ TEST_F(AutoRandomCommandsTest, RandomModeNeverRepeatsAndNothingSelectedIsExitOne
     ASSERT_EQ(lines.size(), 12u);
     for (std::size_t i = 0; i < lines.size(); ++i) {
         EXPECT_EQ(lines[i].find("Summer haze"), std::string::npos) << lines[i];
-        if (i > 0)
+        if (i > 0) {
             EXPECT_NE(lines[i].substr(lines[i].find(':')),
                       lines[i - 1].substr(lines[i - 1].find(':')));
+        }
     }
 
     EXPECT_EQ(run({"select"}), CliExit::Failed);
