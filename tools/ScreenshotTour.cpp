@@ -17,6 +17,7 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QDialog>
 #include <QDir>
 #include <QLabel>
 #include <QLinearGradient>
@@ -32,6 +33,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
+#include <random>
 #include <vector>
 
 namespace {
@@ -98,8 +100,11 @@ std::unique_ptr<Form1> OpenWindow(Program& program, bool showSkyFiles)
 {
     program.state.settings.ShowSkyFiles = showSkyFiles;
     // A fixed sequence, so the pictures show the same sets every time.
-    auto window = std::make_unique<Form1>(program.services, program.state, program.screen,
-                                          [] { return 0.5; });
+    auto engine = std::make_shared<std::mt19937>(2004);
+    auto window =
+        std::make_unique<Form1>(program.services, program.state, program.screen, [engine] {
+            return std::uniform_real_distribution<double>(0.0, 1.0)(*engine);
+        });
     window->Form_Load();
     window->move(48, 48);
     window->show();
@@ -239,6 +244,32 @@ int main(int argc, char** argv)
         Settle();
         saved &= Save(GrabWithMenu(*window, *startMenu), folder, "main-window-start-menu.png");
         startMenu->hide();
+    }
+    {
+        // AutoRandom: the interval set on the label, and the countdown as it runs (staged: the
+        // status line part-way through an interval, without starting the simulator).
+        auto window = OpenWindow(program, false);
+        auto* interval = window->findChild<QLabel*>(QStringLiteral("lblTime"));
+        for (int click = 0; click < 10; ++click)
+            QTest::mouseClick(interval, Qt::LeftButton);
+        QTest::mouseClick(interval, Qt::LeftButton); // 2 minutes
+        window->findChild<QLabel*>(QStringLiteral("lblMsg"))
+            ->setText(QStringLiteral("Golden dusk    Time Remain  01:37"));
+        Settle();
+        saved &= Save(window->grab(), folder, "main-window-autorandom.png");
+
+        QTest::mouseClick(window->findChild<QWidget*>(QStringLiteral("lblAutoRandom")),
+                          Qt::LeftButton);
+        Settle();
+        if (auto* selection = window->findChild<QDialog*>(QStringLiteral("frmRandSel"))) {
+            saved &= Save(selection->grab(), folder, "autorandom-selection.png");
+            selection->findChild<QRadioButton*>(QStringLiteral("optOrder"))->click();
+            Settle();
+            saved &= Save(selection->grab(), folder, "autorandom-order.png");
+            selection->reject();
+        } else {
+            saved = false;
+        }
     }
     {
         // The hidden random pick: the lists give way to a panel that keeps the set's name back.

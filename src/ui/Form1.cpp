@@ -906,7 +906,8 @@ void Form1::cmdRandom_Click()
         return;
     ShowStatus({});
     const int last = static_cast<int>(Sets().size()) - 1;
-    const int pick = picker_.PickRandomSet(0, last, RandomSelectionFlags(Sets()), services_.events);
+    const int pick =
+        picker_.PickRandomSet(0, last, state_.settings.AutoRandom.flags, services_.events);
     cmbClouds_Click(pick);
     ImgSky_->clear();
     ImgSky_->show();
@@ -1194,7 +1195,7 @@ void Form1::cmdInstAndStart_Click()
                                windowState_.AutoRandomInterval, windowState_.LastInstallTime,
                                OrderPosition_);
     run.situationMode = windowState_.SituationMode;
-    run.selectionFlags = RandomSelectionFlags(Sets());
+    run.selectionFlags = state_.settings.AutoRandom.flags;
     run.UnloadAfterFsStart = state_.settings.UnloadAfterFsStart;
     run.fsFolder = state_.paths.FsPath;
     run.fsExecutable = SimulatorExecutable();

@@ -273,15 +273,6 @@ std::string IntervalText(double autoRandomInterval)
     return std::to_string(std::lround(static_cast<double>(tenths) / 10)) + "min";
 }
 
-std::vector<bool> RandomSelectionFlags(const std::vector<TextureSetEntry>& sets)
-{
-    std::vector<bool> flags;
-    flags.reserve(sets.size());
-    for (const TextureSetEntry& set : sets)
-        flags.push_back(set.random);
-    return flags;
-}
-
 std::string HelpFolder(const std::string& programPath)
 {
     return JoinPath(programPath, "help");

@@ -146,9 +146,6 @@ bool ShowsSetPreview(const MainWindowState& state);
 // lblTime: "Off", or the interval as "0.5min" below one minute and "15min" from one minute on.
 std::string IntervalText(double autoRandomInterval);
 
-// The AutoRandom selection flags: the sets that take part in random picks.
-std::vector<bool> RandomSelectionFlags(const std::vector<TextureSetEntry>& sets);
-
 // The help folder, ProgramPath\help; lblHelp is usable only when it exists.
 std::string HelpFolder(const std::string& programPath);
 

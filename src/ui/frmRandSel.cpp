@@ -5,6 +5,7 @@
 #include "common/MessageService.h"
 #include "common/Services.h"
 #include "common/widgets/Skin.h"
+#include "common/widgets/TickBox.h"
 #include "textures/TextureSetEntry.h"
 
 #include <QAbstractItemModel>
@@ -58,8 +59,14 @@ frmRandSel::frmRandSel(Services& services, ProgramState& state, QWidget* parent)
     modes->addStretch();
     root->addLayout(modes);
 
+    lblHint_ = new QLabel;
+    lblHint_->setObjectName(QStringLiteral("lblHint"));
+    lblHint_->setPalette(skin::PanelPalette());
+    root->addWidget(lblHint_);
+
     lstSet_ = new QListWidget;
     lstSet_->setObjectName(QStringLiteral("lstSet"));
+    lstSet_->setItemDelegate(new TickDelegate(lstSet_));
     lstSet_->setContextMenuPolicy(Qt::CustomContextMenu);
     lstOrder_ = new QListWidget;
     lstOrder_->setObjectName(QStringLiteral("lstOrder"));
@@ -136,7 +143,7 @@ void frmRandSel::Form_Load()
 
 void frmRandSel::ShowOrder()
 {
-    const QSignalBlocker quiet(lstOrder_->model());
+    // Filling the list moves no row, so lstOrder_Moved does not run meanwhile.
     lstOrder_->clear();
     for (int index : selection_.order) {
         auto* item = new QListWidgetItem(
@@ -163,6 +170,7 @@ void frmRandSel::optRnd_Click()
 {
     lstSet_->show();
     lstOrder_->hide();
+    lblHint_->setText(QStringLiteral("Tick the sets that Auto Install may choose from."));
     selection_.OrderMode = false;
 }
 
@@ -170,6 +178,7 @@ void frmRandSel::optOrder_Click()
 {
     lstSet_->hide();
     lstOrder_->show();
+    lblHint_->setText(QStringLiteral("Drag the ticked sets into the order Auto Install follows."));
     selection_.OrderMode = true;
 }
 

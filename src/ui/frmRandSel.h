@@ -6,6 +6,7 @@
 
 #include <functional>
 
+class QLabel;
 class QListWidget;
 class QListWidgetItem;
 class QMenu;
@@ -50,6 +51,7 @@ private:
     ProgramState& state_;
     AutoRandomSelection selection_;
 
+    QLabel* lblHint_ = nullptr;
     QListWidget* lstSet_ = nullptr;
     QListWidget* lstOrder_ = nullptr;
     QRadioButton* optRnd_ = nullptr;
