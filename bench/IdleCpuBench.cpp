@@ -160,8 +160,14 @@ void BM_IdleCpu60s_DemoVsEmptyQtWindow(benchmark::State& state)
             state.SkipWithError("a program ended while it idled");
             break;
         }
+        if (programBefore < 0 || emptyBefore < 0 || programUsed < 0 || emptyUsed < 0) {
+            state.SkipWithError("the processor times could not be read from /proc");
+            break;
+        }
         const double seconds = std::chrono::duration<double>(kIdle).count();
         const double extra = 100.0 * (programUsed - emptyUsed) / seconds;
+        // Proof that the times are read at all: starting up is never free.
+        state.counters["program_startup_cpu_s"] = programBefore;
         state.counters["program_core_pct"] = 100.0 * programUsed / seconds;
         state.counters["empty_qt_core_pct"] = 100.0 * emptyUsed / seconds;
         state.counters["extra_core_pct"] = extra;

@@ -119,11 +119,17 @@ public:
 
     Running find(const std::string& executable) override
     {
-        const long id = FindProcessNamed("/proc", executable);
-        return {id != 0, id};
+        // While the simulator runs, the process found last time answers with one read instead
+        // of a read per process on the machine; any process that fits will do, even one that
+        // took over its id.
+        if (!ProcessNamed("/proc", lastFound_, executable))
+            lastFound_ = FindProcessNamed("/proc", executable);
+        return {lastFound_ != 0, lastFound_};
     }
 
 private:
+    long lastFound_ = 0;
+
     // Starts the program as a grandchild: the child that forks it ends at once and is reaped
     // here, so the simulator belongs to init and never becomes this program's zombie. A pipe
     // closed by a successful exec (or carrying errno from a failed one) says how it went.
