@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
@@ -95,24 +96,30 @@ protected:
 
 TEST_F(SimulatorProcessTest, StartsANativeProgramWithoutWaitingAndSeesItUntilItEnds)
 {
-    // Run by the shell as "/bin/sh <folder>/fs9.exe", the script is the second argument.
-    Executable(temp, "sim/fs9.exe", "#!/bin/sh\nsleep 30\n");
+    // A name of this test's own: a simulator running on the machine (or a stand-in of another
+    // test) must not be taken for it. Run by the shell as "/bin/sh <folder>/<name>", the
+    // script is the second argument.
+    const std::string name = "fs9-" + std::to_string(::getpid()) + ".exe";
+    std::string upperName = name;
+    for (char& c : upperName)
+        c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    Executable(temp, "sim/" + name, "#!/bin/sh\nsleep 30\n");
     GroupKiller killer;
 
     const auto before = std::chrono::steady_clock::now();
-    const SimulatorProcess::Started started = process->start(temp / "sim", "fs9.exe");
+    const SimulatorProcess::Started started = process->start(temp / "sim", name);
     ASSERT_TRUE(started.ok) << started.problem;
     EXPECT_LT(std::chrono::steady_clock::now() - before, 5s) << "start() waited for the program";
 
     SimulatorProcess::Running running;
-    ASSERT_TRUE(WaitFor([&] { return (running = process->find("FS9.EXE")).running; }));
+    ASSERT_TRUE(WaitFor([&] { return (running = process->find(upperName)).running; }));
     ASSERT_NE(running.processId, 0);
     killer.processId = running.processId;
     const std::string procFolder = "/proc/" + std::to_string(running.processId);
     EXPECT_EQ(fs::read_symlink(procFolder + "/cwd"), fs::canonical(temp / "sim"));
 
     killer.kill();
-    EXPECT_TRUE(WaitFor([&] { return !process->find("fs9.exe").running; }));
+    EXPECT_TRUE(WaitFor([&] { return !process->find(name).running; }));
 
     // Nothing of ours is left to reap: the program belonged to init, not to this process.
     siginfo_t info{};

@@ -48,7 +48,10 @@ TEST(SimulatorProcessTest, StartsTheSimulatorAndSeesItsWindowUntilItCloses)
     SetEnvironmentVariableW(L"VELLUMAR_TEST_WINDOW_MS", L"30000");
     const std::unique_ptr<SimulatorProcess> process = CreatePlatformSimulatorProcess();
 
-    EXPECT_FALSE(process->find("fs9.exe").running);
+    // The window's class is all there is to go by: a simulator already open would be taken
+    // for the stand-in.
+    if (process->find("fs9.exe").running)
+        GTEST_SKIP() << "a window of class FS98MAIN is open already";
     const SimulatorProcess::Started started = process->start(folder, "fs9.exe");
     SetEnvironmentVariableW(L"VELLUMAR_TEST_WINDOW_MS", nullptr);
     ASSERT_TRUE(started.ok) << started.problem;
