@@ -13,6 +13,7 @@
 #include <csignal>
 #include <dirent.h>
 #include <memory>
+#include <string>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -22,6 +23,14 @@ namespace vellumar::bench {
 namespace {
 
 constexpr int kExtraProcesses = 500;
+
+// The simulator's name as the look is given it, of this run's own: a stand-in another program
+// keeps running (or the simulator itself) would end the scan early.
+const std::string& SimulatorName()
+{
+    static const std::string name = "fs9-bench-" + std::to_string(::getpid()) + ".exe";
+    return name;
+}
 
 // Sleeping children in one process group. They are killed and reaped when the run ends, and
 // the kernel kills them should the run die first (they outlive no benchmark thread: the
@@ -101,20 +110,22 @@ void BM_FindSimulatorProcess_500Extra(benchmark::State& state)
     if (!Prepare(state))
         return;
     for (auto _ : state) {
-        const long found = FindProcessNamed("/proc", "fs9.exe");
+        const long found = FindProcessNamed("/proc", SimulatorName());
         if (found != 0) {
-            state.SkipWithError("a process named fs9.exe runs: the scan stopped early");
+            state.SkipWithError("a process of the simulator's name runs: the scan stopped early");
             break;
         }
     }
 }
 BENCHMARK(BM_FindSimulatorProcess_500Extra)->Unit(benchmark::kMicrosecond)->UseRealTime();
 
-// A stand-in for the simulator under Wine, whose command line names fs9.exe first.
+// A stand-in for the simulator under Wine, whose command line names it first.
 class RunningSimulator {
 public:
     RunningSimulator()
     {
+        // Made before the fork: the child only makes system calls.
+        std::string path = "C:\\Program Files\\Flight Simulator 9\\" + SimulatorName();
         const pid_t parent = ::getpid();
         pid_ = ::fork();
         if (pid_ == 0) {
@@ -122,7 +133,7 @@ public:
             if (::getppid() != parent)
                 ::_exit(0);
             char program[] = "/bin/sleep";
-            char name[] = "C:\\Program Files\\Flight Simulator 9\\FS9.EXE";
+            char* name = path.data();
             char seconds[] = "600";
             char* argv[] = {name, seconds, nullptr};
             ::execv(program, argv);
@@ -150,11 +161,11 @@ void BM_FindRunningSimulator_500Extra(benchmark::State& state)
     const RunningSimulator simulator;
     const std::unique_ptr<SimulatorProcess> process = CreatePlatformSimulatorProcess();
     // The first look scans; exec may not even have happened yet.
-    for (int attempt = 0; attempt < 500 && process->find("fs9.exe").processId != simulator.id();
-         ++attempt)
+    for (int attempt = 0;
+         attempt < 500 && process->find(SimulatorName()).processId != simulator.id(); ++attempt)
         ::usleep(10000);
     for (auto _ : state) {
-        if (process->find("fs9.exe").processId != simulator.id()) {
+        if (process->find(SimulatorName()).processId != simulator.id()) {
             state.SkipWithError("the running stand-in was not found");
             break;
         }
