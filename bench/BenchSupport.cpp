@@ -162,6 +162,23 @@ void ScopedEnvironment::set(const std::string& name, const std::string& value)
     ::setenv(name.c_str(), value.c_str(), 1);
 }
 
+std::vector<std::string> HeadlessEnvironment()
+{
+    const std::string run = ScratchFolder() + "/run";
+    std::filesystem::create_directories(run);
+    std::filesystem::permissions(run, std::filesystem::perms::owner_all);
+    return {"QT_QPA_PLATFORM=offscreen", "XDG_RUNTIME_DIR=" + run};
+}
+
+const std::string& DemoFolder()
+{
+    static const std::string demo = [] {
+        const std::string folder = ScratchFolder() + "/demo";
+        return RunProcess({VELLUMAR_CLI_PATH, "demo", folder}) == 0 ? folder : std::string();
+    }();
+    return demo;
+}
+
 void CompareWith(const std::string& subject, const std::string& floor, double target)
 {
     MutableComparisons().push_back({subject, floor, target});

@@ -51,6 +51,14 @@ private:
     std::map<std::string, std::optional<std::string>> saved_;
 };
 
+// For the program's own runs: no display (QT_QPA_PLATFORM=offscreen), and a runtime folder of
+// its own, so that the program's single-instance lock never meets a copy the user has open.
+std::vector<std::string> HeadlessEnvironment();
+
+// The demo installation made by vellumar-cli (with home/ and prefix/), or "" when it could
+// not be made.
+const std::string& DemoFolder();
+
 // Declares that benchmark `subject` is to be compared with benchmark `floor`; the ratio of
 // their real times is printed at the end of the run.
 void CompareWith(const std::string& subject, const std::string& floor, double target);

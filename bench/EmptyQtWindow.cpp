@@ -1,9 +1,12 @@
 // The floor of the start-up benchmark: a Qt Widgets program that shows one window and quits as
-// soon as it has been shown.
+// soon as it has been shown. With --idle it stays open instead, the floor of the idle
+// benchmark, until it is killed.
 
 #include <QApplication>
 #include <QTimer>
 #include <QWidget>
+
+#include <cstring>
 
 int main(int argc, char** argv)
 {
@@ -11,6 +14,7 @@ int main(int argc, char** argv)
     QWidget window;
     window.resize(640, 480);
     window.show();
-    QTimer::singleShot(0, &application, &QApplication::quit);
+    if (argc < 2 || std::strcmp(argv[1], "--idle") != 0)
+        QTimer::singleShot(0, &application, &QApplication::quit);
     return QApplication::exec();
 }

@@ -11,26 +11,6 @@
 namespace vellumar::bench {
 namespace {
 
-// Headless, and with a runtime folder of its own, so that the program's single-instance lock
-// never meets a copy the user has open.
-std::vector<std::string> Headless()
-{
-    const std::string run = ScratchFolder() + "/run";
-    std::filesystem::create_directories(run);
-    std::filesystem::permissions(run, std::filesystem::perms::owner_all);
-    return {"QT_QPA_PLATFORM=offscreen", "XDG_RUNTIME_DIR=" + run};
-}
-
-// The demo folder, or "" when vellumar-cli could not build it.
-const std::string& Demo()
-{
-    static const std::string demo = [] {
-        const std::string folder = ScratchFolder() + "/demo";
-        return RunProcess({VELLUMAR_CLI_PATH, "demo", folder}) == 0 ? folder : std::string();
-    }();
-    return demo;
-}
-
 const std::string& LargeLibrary()
 {
     static const std::string home = GenerateLibrary(ScratchFolder() + "/startup-library", 1000, 30);
@@ -39,7 +19,7 @@ const std::string& LargeLibrary()
 
 std::vector<std::string> Environment(const std::string& home, const std::string& prefix)
 {
-    std::vector<std::string> environment = Headless();
+    std::vector<std::string> environment = HeadlessEnvironment();
     environment.push_back("VELLUMAR_HOME=" + home);
     environment.push_back("WINEPREFIX=" + prefix);
     return environment;
@@ -54,11 +34,11 @@ void RunProgram(benchmark::State& state, const std::vector<std::string>& environ
 
 void BM_StartUpToReady_Demo(benchmark::State& state)
 {
-    if (Demo().empty()) {
+    if (DemoFolder().empty()) {
         state.SkipWithError("vellumar-cli could not build the demo");
         return;
     }
-    RunProgram(state, Environment(Demo() + "/home", Demo() + "/prefix"));
+    RunProgram(state, Environment(DemoFolder() + "/home", DemoFolder() + "/prefix"));
 }
 BENCHMARK(BM_StartUpToReady_Demo)->Unit(benchmark::kMillisecond)->UseRealTime();
 
@@ -71,7 +51,7 @@ BENCHMARK(BM_StartUpToReady_1000Sets)->Unit(benchmark::kMillisecond)->UseRealTim
 void BM_EmptyQtWindow(benchmark::State& state)
 {
     for (auto _ : state)
-        if (!RunChecked(state, {EMPTY_QT_WINDOW_PATH}, Headless(), true))
+        if (!RunChecked(state, {EMPTY_QT_WINDOW_PATH}, HeadlessEnvironment(), true))
             break;
 }
 BENCHMARK(BM_EmptyQtWindow)->Unit(benchmark::kMillisecond)->UseRealTime();

@@ -17,4 +17,8 @@ bool CommandLineNamesProgram(std::string_view commandLine, std::string_view exec
 // `executable`; 0 when there is none.
 long FindProcessNamed(const std::string& procRoot, std::string_view executable);
 
+// Whether process `processId` still has a command line naming `executable`: one file read
+// where FindProcessNamed reads one per process.
+bool ProcessNamed(const std::string& procRoot, long processId, std::string_view executable);
+
 } // namespace vellumar

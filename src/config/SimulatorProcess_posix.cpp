@@ -12,6 +12,7 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
+#include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
@@ -24,16 +25,19 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// `name` in `folder`, in any letter case, as Windows would find it.
+// `name` in `folder`, in any letter case, as Windows would find it. The path is absolute: the
+// program is started from inside its folder, where a relative one would lead elsewhere.
 fs::path FileIgnoringCase(const fs::path& folder, const std::string& name)
 {
     std::error_code error;
+    fs::path found;
     if (fs::is_regular_file(folder / name, error))
-        return folder / name;
-    for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error))
+        found = folder / name;
+    for (fs::directory_iterator it(folder, error), end; found.empty() && !error && it != end;
+         it.increment(error))
         if (EqualsIgnoreCase(it->path().filename().string(), name) && it->is_regular_file(error))
-            return it->path();
-    return {};
+            found = it->path();
+    return found.empty() ? found : fs::absolute(found, error);
 }
 
 bool IsWindowsProgram(const fs::path& file)
@@ -43,11 +47,15 @@ bool IsWindowsProgram(const fs::path& file)
     return in.read(magic, 2) && magic[0] == 'M' && magic[1] == 'Z';
 }
 
-// `program` as the shell would find it: a path as it is, a bare name on the PATH.
+// `program` as the shell would find it: a path as it is, a bare name on the PATH. The result is
+// absolute, since it is started from the simulator's folder, not from this program's.
 std::string FindOnPath(const std::string& program)
 {
+    std::error_code error;
     if (program.find('/') != std::string::npos)
-        return access(program.c_str(), X_OK) == 0 ? program : std::string();
+        return access(program.c_str(), X_OK) == 0 && !fs::is_directory(program, error)
+                   ? fs::absolute(program, error).string()
+                   : std::string();
     const char* path = std::getenv("PATH");
     std::string folders = path ? path : "/usr/local/bin:/usr/bin:/bin";
     std::size_t start = 0;
@@ -57,8 +65,8 @@ std::string FindOnPath(const std::string& program)
             end = folders.size();
         const std::string folder = end > start ? folders.substr(start, end - start) : ".";
         const std::string candidate = folder + "/" + program;
-        if (access(candidate.c_str(), X_OK) == 0 && !fs::is_directory(candidate))
-            return candidate;
+        if (access(candidate.c_str(), X_OK) == 0 && !fs::is_directory(candidate, error))
+            return fs::absolute(candidate, error).string();
         start = end + 1;
     }
     return {};
@@ -111,11 +119,17 @@ public:
 
     Running find(const std::string& executable) override
     {
-        const long id = FindProcessNamed("/proc", executable);
-        return {id != 0, id};
+        // While the simulator runs, the process found last time answers with one read instead
+        // of a read per process on the machine; any process that fits will do, even one that
+        // took over its id.
+        if (!ProcessNamed("/proc", lastFound_, executable))
+            lastFound_ = FindProcessNamed("/proc", executable);
+        return {lastFound_ != 0, lastFound_};
     }
 
 private:
+    long lastFound_ = 0;
+
     // Starts the program as a grandchild: the child that forks it ends at once and is reaped
     // here, so the simulator belongs to init and never becomes this program's zombie. A pipe
     // closed by a successful exec (or carrying errno from a failed one) says how it went.
@@ -136,9 +150,15 @@ private:
             const pid_t grandchild = fork();
             if (grandchild != 0)
                 _exit(grandchild < 0 ? 1 : 0);
+            // Signals this program blocks are its own affair; a mask survives exec.
+            sigset_t none;
+            sigemptyset(&none);
+            sigprocmask(SIG_SETMASK, &none, nullptr);
             const int nothing = open("/dev/null", O_RDONLY);
-            if (nothing >= 0)
+            if (nothing > STDIN_FILENO) {
                 dup2(nothing, STDIN_FILENO);
+                close(nothing);
+            }
             int error = 0;
             if (chdir(workingFolder.c_str()) != 0)
                 error = errno;
