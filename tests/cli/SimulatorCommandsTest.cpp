@@ -149,10 +149,14 @@ TEST_F(SimulatorCommandsTest, ASituationNamingAFolderOutsideTheLibraryInstallsNo
 {
     namespace fs = std::filesystem;
     temp.write("Secrets/sky_day.bmp", "not a library set");
-    fs::create_directory_symlink(temp / "Secrets", temp / "Vellumar/Texture/Sky/Link");
+    std::vector<std::string> values = {"..\\..\\Secrets", temp / "Secrets"};
+    // A link out of the library, where the system lets a test make one.
+    std::error_code noLinks;
+    fs::create_directory_symlink(temp / "Secrets", temp / "Vellumar/Texture/Sky/Link", noLinks);
+    if (!noLinks)
+        values.push_back("Sky\\Link");
     const std::string before = cfg();
-    for (const std::string& value :
-         {std::string("..\\..\\Secrets"), temp / "Secrets", std::string("Sky\\Link")}) {
+    for (const std::string& value : values) {
         temp.write("Vellumar/Situation/Bad.FLT",
                    "[Vellumar]\r\nSkyFolder1=Sky\\Dusk\r\nSkyFolder2=" + value + "\r\n");
         EXPECT_EQ(run({"start", "--situation", "Bad.FLT", "--yes"}), CliExit::Failed) << value;
