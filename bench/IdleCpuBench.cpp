@@ -135,50 +135,83 @@ bool BothRunFor(Idler& a, Idler& b, std::chrono::steady_clock::duration span)
     return a.running() && b.running();
 }
 
+// Processor time of two programs idling side by side for a minute, as a share of a core.
+void MeasureIdle(benchmark::State& state, Idler& subject, Idler& floor, const char* subjectName,
+                 const char* floorName)
+{
+    if (!BothRunFor(subject, floor, kSettle)) {
+        state.SkipWithError("a program ended (or did not start) before it could idle");
+        return;
+    }
+    const double subjectBefore = subject.cpuSeconds();
+    const double floorBefore = floor.cpuSeconds();
+    const bool lasted = BothRunFor(subject, floor, kIdle);
+    const double subjectUsed = subject.cpuSeconds() - subjectBefore;
+    const double floorUsed = floor.cpuSeconds() - floorBefore;
+    if (!lasted) {
+        state.SkipWithError("a program ended while it idled");
+        return;
+    }
+    if (subjectBefore < 0 || floorBefore < 0 || subjectUsed < 0 || floorUsed < 0) {
+        state.SkipWithError("the processor times could not be read from /proc");
+        return;
+    }
+    const double seconds = std::chrono::duration<double>(kIdle).count();
+    const double extra = 100.0 * (subjectUsed - floorUsed) / seconds;
+    // Proof that the times are read at all: starting up is never free.
+    state.counters["startup_cpu_s"] = subjectBefore;
+    state.counters[std::string(subjectName) + "_core_pct"] = 100.0 * subjectUsed / seconds;
+    state.counters[std::string(floorName) + "_core_pct"] = 100.0 * floorUsed / seconds;
+    state.counters["extra_core_pct"] = extra;
+    char label[64];
+    std::snprintf(label, sizeof label, "extra target < %.1f %% of a core: %s", kTargetExtraPercent,
+                  extra < kTargetExtraPercent ? "met" : "MISSED");
+    state.SetLabel(label);
+}
+
+std::vector<std::string> DemoEnvironment()
+{
+    std::vector<std::string> environment = HeadlessEnvironment();
+    environment.push_back("VELLUMAR_HOME=" + DemoFolder() + "/home");
+    environment.push_back("WINEPREFIX=" + DemoFolder() + "/prefix");
+    return environment;
+}
+
+// The program idling with its watch, against an empty Qt program.
 void BM_IdleCpu60s_DemoVsEmptyQtWindow(benchmark::State& state)
 {
     if (DemoFolder().empty()) {
         state.SkipWithError("vellumar-cli could not build the demo");
         return;
     }
-    std::vector<std::string> environment = HeadlessEnvironment();
-    environment.push_back("VELLUMAR_HOME=" + DemoFolder() + "/home");
-    environment.push_back("WINEPREFIX=" + DemoFolder() + "/prefix");
     for (auto _ : state) {
-        Idler program({VELLUMAR_PROGRAM_PATH}, environment);
+        Idler program({VELLUMAR_PROGRAM_PATH}, DemoEnvironment());
         Idler empty({EMPTY_QT_WINDOW_PATH, "--idle"}, HeadlessEnvironment());
-        if (!BothRunFor(program, empty, kSettle)) {
-            state.SkipWithError("a program ended (or did not start) before it could idle");
-            break;
-        }
-        const double programBefore = program.cpuSeconds();
-        const double emptyBefore = empty.cpuSeconds();
-        const bool lasted = BothRunFor(program, empty, kIdle);
-        const double programUsed = program.cpuSeconds() - programBefore;
-        const double emptyUsed = empty.cpuSeconds() - emptyBefore;
-        if (!lasted) {
-            state.SkipWithError("a program ended while it idled");
-            break;
-        }
-        if (programBefore < 0 || emptyBefore < 0 || programUsed < 0 || emptyUsed < 0) {
-            state.SkipWithError("the processor times could not be read from /proc");
-            break;
-        }
-        const double seconds = std::chrono::duration<double>(kIdle).count();
-        const double extra = 100.0 * (programUsed - emptyUsed) / seconds;
-        // Proof that the times are read at all: starting up is never free.
-        state.counters["program_startup_cpu_s"] = programBefore;
-        state.counters["program_core_pct"] = 100.0 * programUsed / seconds;
-        state.counters["empty_qt_core_pct"] = 100.0 * emptyUsed / seconds;
-        state.counters["extra_core_pct"] = extra;
-        char label[64];
-        std::snprintf(label, sizeof label, "extra target < %.1f %% of a core: %s",
-                      kTargetExtraPercent, extra < kTargetExtraPercent ? "met" : "MISSED");
-        state.SetLabel(label);
+        MeasureIdle(state, program, empty, "program", "empty_qt");
     }
 }
 // One long run is the measurement; repeating it would only cost minutes.
 BENCHMARK(BM_IdleCpu60s_DemoVsEmptyQtWindow)
+    ->Unit(benchmark::kSecond)
+    ->Iterations(1)
+    ->Repetitions(1)
+    ->UseRealTime();
+
+// AutoRandom armed (its countdown five times a second) with the watch, against the same window
+// with both timers stopped, on the same demo (the armed one installs one set as it arms).
+void BM_IdleCpu60s_AutoRandomArmedVsTimersOff(benchmark::State& state)
+{
+    if (DemoFolder().empty()) {
+        state.SkipWithError("vellumar-cli could not build the demo");
+        return;
+    }
+    for (auto _ : state) {
+        Idler armed({AUTORANDOM_IDLER_PATH, "--armed"}, DemoEnvironment());
+        Idler off({AUTORANDOM_IDLER_PATH, "--timers-off"}, DemoEnvironment());
+        MeasureIdle(state, armed, off, "armed", "timers_off");
+    }
+}
+BENCHMARK(BM_IdleCpu60s_AutoRandomArmedVsTimersOff)
     ->Unit(benchmark::kSecond)
     ->Iterations(1)
     ->Repetitions(1)

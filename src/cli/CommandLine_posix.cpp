@@ -1,5 +1,6 @@
 #include "cli/CommandLine.h"
 
+#include <csignal>
 #include <unistd.h>
 
 namespace vellumar {
@@ -12,6 +13,11 @@ std::vector<std::string> CommandLineArguments(int argc, char** argv)
 bool OutputIsTerminal()
 {
     return isatty(STDOUT_FILENO) == 1;
+}
+
+void KeepRunningWhenOutputCloses()
+{
+    std::signal(SIGPIPE, SIG_IGN);
 }
 
 } // namespace vellumar

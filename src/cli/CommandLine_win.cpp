@@ -29,4 +29,9 @@ bool OutputIsTerminal()
     return _isatty(_fileno(stdout)) != 0;
 }
 
+void KeepRunningWhenOutputCloses()
+{
+    // Windows has no signal for a closed pipe: the write fails, and that is all.
+}
+
 } // namespace vellumar

@@ -12,6 +12,7 @@
 int main(int argc, char** argv)
 {
     using namespace vellumar;
+    KeepRunningWhenOutputCloses();
     ConsoleMessageService messages(std::cerr);
     NoWindowsEventPump events;
     NoWindowsFolderBrowser folderBrowser;

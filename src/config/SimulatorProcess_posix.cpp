@@ -154,6 +154,8 @@ private:
             sigset_t none;
             sigemptyset(&none);
             sigprocmask(SIG_SETMASK, &none, nullptr);
+            // So does an ignored signal (vellumar-cli ignores a closed pipe).
+            signal(SIGPIPE, SIG_DFL);
             const int nothing = open("/dev/null", O_RDONLY);
             if (nothing > STDIN_FILENO) {
                 dup2(nothing, STDIN_FILENO);
