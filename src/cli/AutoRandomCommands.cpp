@@ -6,6 +6,7 @@
 #include "autorandom/PickRandomSet.h"
 #include "cli/CommandLine.h"
 #include "cli/CommandSet.h"
+#include "cli/StartedCommand.h"
 #include "common/Clock.h"
 #include "common/MessageService.h"
 #include "common/Services.h"
@@ -80,18 +81,9 @@ struct CountdownOptions {
     int count = 0; // 0: until Ctrl+C
 };
 
-class AutoRandomCommand {
+class AutoRandomCommand : public StartedCommand {
 public:
-    explicit AutoRandomCommand(CliContext& context)
-        : context_(context)
-        , services_(context.services)
-    {}
-
-    bool startUp()
-    {
-        context_.setAnswers(ConsoleMessageService::Answers::Default);
-        return RunStartUpSequence(services_, ScreenFacts{}, state_) == StartUpOutcome::Continue;
-    }
+    using StartedCommand::StartedCommand;
 
     int select(const SelectOptions& options)
     {
@@ -100,12 +92,9 @@ public:
         selection.flags.assign(sets.size(), false);
         selection.OrderMode = options.order;
         for (const std::string& name : options.sets) {
-            const TextureSetEntry* set = FindSetNamed(sets, name);
-            if (!set) {
-                context_.err << "vellumar-cli: there is no texture set called \"" << name
-                             << "\" (vellumar-cli sets lists them)\n";
+            const TextureSetEntry* set = setNamed(name);
+            if (!set)
                 return CliExit::Failed;
-            }
             TickAutoRandomSet(selection, static_cast<int>(set - sets.data()), true);
         }
         if (!selection.anySelected()) {
@@ -200,20 +189,7 @@ private:
             "Please select one set at least.\nNo AutoRandom set is selected.",
             MessageStyle::Information, "No selected data");
     }
-
-    CliContext& context_;
-    Services& services_;
-    ProgramState state_;
 };
-
-template <typename Action>
-std::function<int()> AfterStartUp(CliContext& context, Action action)
-{
-    return [&context, action] {
-        AutoRandomCommand command(context);
-        return command.startUp() ? action(command) : CliExit::Failed;
-    };
-}
 
 } // namespace
 
@@ -226,7 +202,7 @@ void AddAutoRandomCommands(CommandSet& commands)
     auto selectOptions = std::make_shared<SelectOptions>();
     CLI::App& select = commands.add(
         root, "select", "choose the sets AutoRandom installs (all others are left out)",
-        AfterStartUp(context, [selectOptions](AutoRandomCommand& command) {
+        AfterStartUp<AutoRandomCommand>(context, [selectOptions](AutoRandomCommand& command) {
             return command.select(*selectOptions);
         }));
     select.add_option("SET", selectOptions->sets, "a set's name, as sets lists it")->type_name("");
@@ -236,7 +212,7 @@ void AddAutoRandomCommands(CommandSet& commands)
     auto countdown = std::make_shared<CountdownOptions>();
     CLI::App& autorandom = commands.add(
         root, "autorandom", "install a selected set now and then every MINUTES, until stopped",
-        AfterStartUp(context, [countdown](AutoRandomCommand& command) {
+        AfterStartUp<AutoRandomCommand>(context, [countdown](AutoRandomCommand& command) {
             return command.countdown(*countdown);
         }));
     autorandom.add_option("--interval", countdown->minutes, "minutes between installs")

@@ -3,6 +3,7 @@
 #include "app/FsDiscovery.h"
 #include "app/StartUpSequence.h"
 #include "cli/CommandSet.h"
+#include "cli/StartedCommand.h"
 #include "cli/TextureCommands.h"
 #include "common/Clock.h"
 #include "common/MessageService.h"
@@ -46,18 +47,9 @@ std::string OneLine(const std::string& text)
     return line;
 }
 
-class SimulatorCommand {
+class SimulatorCommand : public StartedCommand {
 public:
-    explicit SimulatorCommand(CliContext& context)
-        : context_(context)
-        , services_(context.services)
-    {}
-
-    bool startUp()
-    {
-        context_.setAnswers(ConsoleMessageService::Answers::Default);
-        return RunStartUpSequence(services_, ScreenFacts{}, state_) == StartUpOutcome::Continue;
-    }
+    using StartedCommand::StartedCommand;
 
     int start(const StartOptions& options)
     {
@@ -73,13 +65,9 @@ public:
                 context_.err << "vellumar-cli: the texture library has no set to install\n";
                 return CliExit::Failed;
             }
-            set = options.set.empty() ? &state_.settings.Sets.front()
-                                      : FindSetNamed(state_.settings.Sets, options.set);
-            if (!set) {
-                context_.err << "vellumar-cli: there is no texture set called \"" << options.set
-                             << "\" (vellumar-cli sets lists them)\n";
+            set = options.set.empty() ? &state_.settings.Sets.front() : setNamed(options.set);
+            if (!set)
                 return CliExit::Failed;
-            }
         }
 
         SplashState splash = SplashStateOf(state_.checks, state_.settings);
@@ -193,20 +181,7 @@ private:
         }
         return *found;
     }
-
-    CliContext& context_;
-    Services& services_;
-    ProgramState state_;
 };
-
-template <typename Action>
-std::function<int()> AfterStartUp(CliContext& context, Action action)
-{
-    return [&context, action] {
-        SimulatorCommand command(context);
-        return command.startUp() ? action(command) : CliExit::Failed;
-    };
-}
 
 } // namespace
 
@@ -219,7 +194,7 @@ void AddSimulatorCommands(CommandSet& commands)
     auto options = std::make_shared<StartOptions>();
     CLI::App& start =
         commands.add(root, "start", "install SET (or a situation) and start the simulator",
-                     AfterStartUp(context, [options](SimulatorCommand& command) {
+                     AfterStartUp<SimulatorCommand>(context, [options](SimulatorCommand& command) {
                          return command.start(*options);
                      }));
     CLI::Option* set =
@@ -245,15 +220,16 @@ void AddSimulatorCommands(CommandSet& commands)
             return CliExit::Success;
         });
 
-    commands.add(
-        root, "situations", "list the situations: file name, description, set folders (tabs)",
-        AfterStartUp(context, [](SimulatorCommand& command) { return command.situations(); }));
+    commands.add(root, "situations",
+                 "list the situations: file name, description, set folders (tabs)",
+                 AfterStartUp<SimulatorCommand>(
+                     context, [](SimulatorCommand& command) { return command.situations(); }));
 
-    commands.add(
-        root, "clear-situation",
-        "take the start situation out of the simulator's "
-        "configuration",
-        AfterStartUp(context, [](SimulatorCommand& command) { return command.clearSituation(); }));
+    commands.add(root, "clear-situation",
+                 "take the start situation out of the simulator's "
+                 "configuration",
+                 AfterStartUp<SimulatorCommand>(
+                     context, [](SimulatorCommand& command) { return command.clearSituation(); }));
 }
 
 } // namespace vellumar

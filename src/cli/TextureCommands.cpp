@@ -2,6 +2,7 @@
 
 #include "app/StartUpSequence.h"
 #include "cli/CommandSet.h"
+#include "cli/StartedCommand.h"
 #include "common/PathText.h"
 #include "common/Services.h"
 #include "common/TextCompare.h"
@@ -31,30 +32,16 @@ struct Options {
     bool yes = false;
 };
 
-class TextureCommand {
+class TextureCommand : public StartedCommand {
 public:
     explicit TextureCommand(CliContext& context)
-        : services_(context.services)
+        : StartedCommand(context)
         , setAnswers_(context.setAnswers)
         , out_(context.out)
         , err_(context.err)
     {}
 
-    // The program's start-up without windows; false when it would have ended the program.
-    bool startUp()
-    {
-        setAnswers_(ConsoleMessageService::Answers::Default);
-        return RunStartUpSequence(services_, ScreenFacts{}, state_) == StartUpOutcome::Continue;
-    }
-
-    const TextureSetEntry* set(const std::string& name)
-    {
-        const TextureSetEntry* found = FindSetNamed(state_.settings.Sets, name);
-        if (!found)
-            err_ << "vellumar-cli: there is no texture set called \"" << name
-                 << "\" (vellumar-cli sets lists them)\n";
-        return found;
-    }
+    const TextureSetEntry* set(const std::string& name) { return setNamed(name); }
 
     int sets()
     {
@@ -167,22 +154,10 @@ private:
 
     TextureServices servicesForTextures() { return TexturesReportingTo(services_, err_); }
 
-    Services& services_;
     SetAnswers setAnswers_;
     std::ostream& out_;
     std::ostream& err_;
-    ProgramState state_;
 };
-
-// Runs `action` on a texture command after the program's start-up checks.
-template <typename Action>
-std::function<int()> AfterStartUp(CliContext& context, Action action)
-{
-    return [&context, action] {
-        TextureCommand command(context);
-        return command.startUp() ? action(command) : CliExit::Failed;
-    };
-}
 
 } // namespace
 
@@ -193,13 +168,14 @@ void AddTextureCommands(CommandSet& commands)
     commands.heading("Texture library");
 
     commands.add(root, "sets", "list the texture sets: name, data type, category, folder (tabs)",
-                 AfterStartUp(context, [](TextureCommand& command) { return command.sets(); }));
+                 AfterStartUp<TextureCommand>(
+                     context, [](TextureCommand& command) { return command.sets(); }));
 
     auto files = std::make_shared<std::string>();
     commands
         .add(root, "files", "list the files of SET that an install offers",
-             AfterStartUp(context,
-                          [files](TextureCommand& command) { return command.files(*files); }))
+             AfterStartUp<TextureCommand>(
+                 context, [files](TextureCommand& command) { return command.files(*files); }))
         .add_option("SET", *files, "the set's name, as sets lists it")
         ->type_name("")
         ->required();
@@ -221,7 +197,7 @@ void AddTextureCommands(CommandSet& commands)
     auto install = std::make_shared<Options>();
     CLI::App& installCommand =
         commands.add(root, "install", "install SET into the simulator (every file, or those named)",
-                     AfterStartUp(context, [install](TextureCommand& command) {
+                     AfterStartUp<TextureCommand>(context, [install](TextureCommand& command) {
                          return command.install(*install);
                      }));
     addSetChoice(installCommand, *install);
@@ -238,13 +214,14 @@ void AddTextureCommands(CommandSet& commands)
     auto restore = std::make_shared<Options>();
     CLI::App& restoreCommand =
         commands.add(root, "restore", "put the simulator's originals of SET's files back",
-                     AfterStartUp(context, [restore](TextureCommand& command) {
+                     AfterStartUp<TextureCommand>(context, [restore](TextureCommand& command) {
                          return command.restore(*restore);
                      }));
     addSetChoice(restoreCommand, *restore);
 
     commands.add(root, "last", "show the sets installed last",
-                 AfterStartUp(context, [](TextureCommand& command) { return command.last(); }));
+                 AfterStartUp<TextureCommand>(
+                     context, [](TextureCommand& command) { return command.last(); }));
 }
 
 TextureServices TexturesReportingTo(Services& services, std::ostream& err)
