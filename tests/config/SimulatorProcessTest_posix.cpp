@@ -2,6 +2,7 @@
 // fs9.exe, and a fake Wine that writes down how it was called.
 
 #include "common/SimulatorProcess.h"
+#include "support/ScopedEnvironment_posix.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -21,32 +22,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
-
-// Sets or removes an environment variable for the length of a test.
-class ScopedEnvironment {
-public:
-    ScopedEnvironment(const char* name, const std::optional<std::string>& value)
-        : name_(name)
-    {
-        if (const char* old = std::getenv(name))
-            old_ = old;
-        if (value)
-            ::setenv(name, value->c_str(), 1);
-        else
-            ::unsetenv(name);
-    }
-    ~ScopedEnvironment()
-    {
-        if (old_)
-            ::setenv(name_, old_->c_str(), 1);
-        else
-            ::unsetenv(name_);
-    }
-
-private:
-    const char* name_;
-    std::optional<std::string> old_;
-};
 
 // Polls until `done` holds or a few seconds have gone by.
 template <typename Condition>
@@ -89,8 +64,8 @@ std::string Executable(const test::TempFolder& temp, const std::string& relative
 class SimulatorProcessTest : public ::testing::Test {
 protected:
     test::TempFolder temp;
-    ScopedEnvironment wine{"VELLUMAR_WINE", std::nullopt};
-    ScopedEnvironment prefix{"WINEPREFIX", temp / "prefix"};
+    test::ScopedEnvironment wine{"VELLUMAR_WINE", std::nullopt};
+    test::ScopedEnvironment prefix{"WINEPREFIX", temp / "prefix"};
     std::unique_ptr<SimulatorProcess> process = CreatePlatformSimulatorProcess();
 };
 
@@ -139,7 +114,7 @@ TEST_F(SimulatorProcessTest, StartsAWindowsProgramThroughWineInItsFolderAndPrefi
     temp.write("Flight Simulator 9/FS9.EXE", std::string("MZ\x90\0\3\0", 6));
     const fs::path oldFolder = fs::current_path();
     fs::current_path(temp.path());
-    ScopedEnvironment wineName{"VELLUMAR_WINE", "bin/wine"};
+    test::ScopedEnvironment wineName{"VELLUMAR_WINE", "bin/wine"};
 
     const SimulatorProcess::Started started = process->start("Flight Simulator 9", "fs9.exe");
     fs::current_path(oldFolder);
@@ -154,7 +129,7 @@ TEST_F(SimulatorProcessTest, StartsAWindowsProgramThroughWineInItsFolderAndPrefi
 TEST_F(SimulatorProcessTest, WhatCannotBeStartedIsNamed)
 {
     temp.write("sim/fs9.exe", std::string("MZ\x90\0", 4));
-    ScopedEnvironment missingWine{"VELLUMAR_WINE", temp / "no-such-wine"};
+    test::ScopedEnvironment missingWine{"VELLUMAR_WINE", temp / "no-such-wine"};
     SimulatorProcess::Started started = process->start(temp / "sim", "fs9.exe");
     EXPECT_FALSE(started.ok);
     EXPECT_NE(started.problem.find("no-such-wine"), std::string::npos) << started.problem;

@@ -4,6 +4,7 @@
 #include "config/SystemFolders.h"
 #include "config/WinePrefix.h"
 #include "config/clsRegRead.h"
+#include "support/ScopedEnvironment_posix.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -18,35 +19,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Sets an environment variable for the length of a test.
-class ScopedEnvironment {
-public:
-    ScopedEnvironment(const char* name, const std::string& value)
-        : name_(name)
-    {
-        if (const char* old = std::getenv(name))
-            old_ = old;
-        ::setenv(name, value.c_str(), 1);
-    }
-    ~ScopedEnvironment()
-    {
-        if (old_)
-            ::setenv(name_, old_->c_str(), 1);
-        else
-            ::unsetenv(name_);
-    }
-
-private:
-    const char* name_;
-    std::optional<std::string> old_;
-};
-
 class WinePrefixTest : public ::testing::Test {
 protected:
     test::TempFolder temp;
     std::string prefix = temp.makeFolder("prefix");
-    ScopedEnvironment winePrefix{"WINEPREFIX", prefix};
-    ScopedEnvironment user{"USER", "pilot"};
+    test::ScopedEnvironment winePrefix{"WINEPREFIX", prefix};
+    test::ScopedEnvironment user{"USER", "pilot"};
 
     void makePrefix()
     {
@@ -173,8 +151,8 @@ TEST(SystemFoldersWithoutPrefix, XdgFoldersAndTheRootAsWindowsFolder)
                                          "XDG_DESKTOP_DIR=\"$HOME/Desktop\"\n"
                                          "XDG_DOCUMENTS_DIR=\"$HOME/Dokumente\"\n");
     ::unsetenv("WINEPREFIX");
-    ScopedEnvironment homeVariable("HOME", home.path());
-    ScopedEnvironment config("XDG_CONFIG_HOME", home / ".config");
+    test::ScopedEnvironment homeVariable("HOME", home.path());
+    test::ScopedEnvironment config("XDG_CONFIG_HOME", home / ".config");
     const auto folders = CreatePlatformSystemFolders();
     EXPECT_EQ(folders->windowsFolder(), "/");
     EXPECT_EQ(folders->documentsFolder(), home / "Dokumente");
@@ -185,7 +163,7 @@ TEST(SystemFoldersWithoutPrefix, ProgramFolderIsVellumarHomeOrTheExecutablesFold
 {
     const auto folders = CreatePlatformSystemFolders();
     {
-        ScopedEnvironment home("VELLUMAR_HOME", "/opt/vellumar-demo");
+        test::ScopedEnvironment home("VELLUMAR_HOME", "/opt/vellumar-demo");
         EXPECT_EQ(folders->programFolder(), "/opt/vellumar-demo");
     }
     ::unsetenv("VELLUMAR_HOME");
