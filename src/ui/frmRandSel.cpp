@@ -131,6 +131,7 @@ void frmRandSel::Form_Load()
     }
     if (lstSet_->count() > 0)
         lstSet_->setCurrentRow(0);
+    PlayAutoRandomSound();
     ShowOrder();
     if (selection_.OrderMode) {
         optOrder_->setChecked(true);
@@ -139,6 +140,11 @@ void frmRandSel::Form_Load()
         optRnd_->setChecked(true);
         optRnd_Click();
     }
+}
+
+void frmRandSel::PlayAutoRandomSound()
+{
+    // The window greets the user with the AutoRandom sound once the sound work plays it.
 }
 
 void frmRandSel::ShowOrder()

@@ -45,6 +45,7 @@ private:
     void cmdOK_Click();
     void cmdCancel_Click();
     void ShowOrder();
+    void PlayAutoRandomSound();
     void SetButtons(bool enabled);
 
     Services& services_;
