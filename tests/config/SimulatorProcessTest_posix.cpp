@@ -4,6 +4,7 @@
 #include "common/SimulatorProcess.h"
 #include "support/ScopedEnvironment_posix.h"
 #include "support/TempFolder.h"
+#include "support/WaitFor.h"
 
 #include <gtest/gtest.h>
 
@@ -20,21 +21,10 @@
 namespace vellumar {
 namespace {
 
+using test::WaitFor;
+
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
-
-// Polls until `done` holds or a few seconds have gone by.
-template <typename Condition>
-bool WaitFor(Condition done)
-{
-    const auto deadline = std::chrono::steady_clock::now() + 5s;
-    while (!done()) {
-        if (std::chrono::steady_clock::now() > deadline)
-            return false;
-        std::this_thread::sleep_for(10ms);
-    }
-    return true;
-}
 
 // Kills the started program with everything in its process group (the script's `sleep`)
 // when the test ends, however it ends.

@@ -4,6 +4,7 @@
 #include "common/SimulatorProcess.h"
 #include "common/WideText_win.h"
 #include "support/TempFolder.h"
+#include "support/WaitFor.h"
 
 #include <gtest/gtest.h>
 
@@ -16,21 +17,13 @@
 namespace vellumar {
 namespace {
 
+using test::WaitFor;
+
+// Wine starts a program slowly.
+constexpr std::chrono::seconds kWinePatience{20};
+
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
-
-// Polls until `done` holds or some seconds have gone by (Wine starts a program slowly).
-template <typename Condition>
-bool WaitFor(Condition done)
-{
-    const auto deadline = std::chrono::steady_clock::now() + 20s;
-    while (!done()) {
-        if (std::chrono::steady_clock::now() > deadline)
-            return false;
-        std::this_thread::sleep_for(20ms);
-    }
-    return true;
-}
 
 fs::path StandIn()
 {
@@ -57,13 +50,14 @@ TEST(SimulatorProcessTest, StartsTheSimulatorAndSeesItsWindowUntilItCloses)
     ASSERT_TRUE(started.ok) << started.problem;
 
     SimulatorProcess::Running running;
-    ASSERT_TRUE(WaitFor([&] { return (running = process->find("fs9.exe")).running; }));
+    ASSERT_TRUE(
+        WaitFor([&] { return (running = process->find("fs9.exe")).running; }, kWinePatience));
     ASSERT_NE(running.processId, 0);
     const HANDLE handle = OpenProcess(SYNCHRONIZE, FALSE, static_cast<DWORD>(running.processId));
     ASSERT_NE(handle, nullptr) << "no process " << running.processId;
 
     PostMessageW(FindWindowW(L"FS98MAIN", nullptr), WM_CLOSE, 0, 0);
-    EXPECT_TRUE(WaitFor([&] { return !process->find("fs9.exe").running; }));
+    EXPECT_TRUE(WaitFor([&] { return !process->find("fs9.exe").running; }, kWinePatience));
     // The found id is the stand-in's: its process ends with its window. (The folder can be
     // removed only then.)
     EXPECT_EQ(WaitForSingleObject(handle, 20000), WAIT_OBJECT_0);

@@ -9,8 +9,9 @@ namespace vellumar::test {
 
 // A whole machine in a temporary folder: the system folders, the simulator ("FS9", found
 // through the registry) with its per-user configuration, and a program folder ("Vellumar")
-// with its data folders (the start situation in [STARTUP] STARTUP_FLIGHT of fs9.cfg), a one-set library (Clouds\Summer haze) and a cloud.ini that loads
-// without a message. Tests add what they need on top.
+// with its data folders (the start situation in [STARTUP] STARTUP_FLIGHT of fs9.cfg), a one-set
+// library (Clouds\Summer haze) and a cloud.ini that loads without a message. Tests add what they
+// need on top.
 struct TestInstallation {
     TestInstallation(const TempFolder& temp, TestServices& fakes);
 
