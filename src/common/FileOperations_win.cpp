@@ -434,10 +434,20 @@ public:
 
     std::string resolve(const std::string& path) override
     {
-        // The system finds names in any letter case by itself.
-        std::string native = path;
-        std::replace(native.begin(), native.end(), '/', '\\');
-        return native;
+        // The system finds names in any letter case by itself; what it does to ".." and to a
+        // name's trailing dots and blanks is its full path name's business.
+        const std::wstring native = NativePath(path);
+        if (native.empty() || native.starts_with(L"\\\\?\\"))
+            return FromWide(native);
+        const DWORD needed = GetFullPathNameW(native.c_str(), 0, nullptr, nullptr);
+        if (needed == 0)
+            return FromWide(native);
+        std::wstring full(needed, L'\0');
+        const DWORD written = GetFullPathNameW(native.c_str(), needed, full.data(), nullptr);
+        if (written == 0 || written >= needed)
+            return FromWide(native);
+        full.resize(written);
+        return FromWide(full);
     }
 };
 
