@@ -9,6 +9,7 @@
 #include "common/EventPump_qt.h"
 #include "common/FolderBrowser_qt.h"
 #include "common/MessageService_qt.h"
+#include "common/NoWindows.h"
 #include "common/Services.h"
 #include "config/PlatformServices.h"
 #include "ui/Form1.h"
@@ -32,8 +33,9 @@ int main(int argc, char** argv)
     QtMessageService messages;
     QtEventPump events;
     QtFolderBrowser folderBrowser;
+    NoWindowsWavePlayer sounds; // pictures and benchmarks are quiet
     PlatformServices platform;
-    Services services = platform.With(messages, events, folderBrowser);
+    Services services = platform.With(messages, events, folderBrowser, sounds);
     const ScreenFacts screen = ReadScreenFacts();
     ProgramState state;
     if (RunStartUpSequence(services, screen, state) != StartUpOutcome::Continue)

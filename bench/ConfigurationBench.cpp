@@ -48,8 +48,9 @@ void BM_LoadCloudIni1000Sets(benchmark::State& state)
     SilentMessages messages;
     NoWindowsEventPump events;
     NoWindowsFolderBrowser browser;
+    NoWindowsWavePlayer sounds;
     PlatformServices platform;
-    Services services = platform.With(messages, events, browser);
+    Services services = platform.With(messages, events, browser, sounds);
     std::filesystem::create_directories(home + "/AppData/Microsoft/FS9");
     std::ofstream(home + "/AppData/Microsoft/FS9/fs9.cfg");
     for (auto _ : state) {

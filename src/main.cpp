@@ -1,5 +1,6 @@
 // vellumar: the program. It reads no command line of its own.
 
+#include "app/ProgramSounds.h"
 #include "app/ScreenFacts_qt.h"
 #include "app/SingleInstance.h"
 #include "app/StartUpSequence.h"
@@ -10,6 +11,7 @@
 #include "common/Unattended.h"
 #include "common/widgets/Skin.h"
 #include "config/PlatformServices.h"
+#include "sound/WavePlayer_qt.h"
 #include "ui/Form1.h"
 
 #include <QApplication>
@@ -21,6 +23,9 @@
 int main(int argc, char** argv)
 {
     using namespace vellumar;
+    // The other media backend falls over on a machine without a sound device.
+    if (qEnvironmentVariableIsEmpty("QT_MEDIA_BACKEND"))
+        qputenv("QT_MEDIA_BACKEND", "gstreamer");
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Vellumar"));
     // The skin is drawn for one style on every system, and the window lives on in the
@@ -37,8 +42,9 @@ int main(int argc, char** argv)
     QtMessageService messages;
     QtEventPump events;
     QtFolderBrowser folderBrowser;
+    QtWavePlayer sounds;
     PlatformServices platform;
-    Services services = platform.With(messages, events, folderBrowser);
+    Services services = platform.With(messages, events, folderBrowser, sounds);
 
     const ScreenFacts screen = ReadScreenFacts();
     ProgramState state;
@@ -48,6 +54,9 @@ int main(int argc, char** argv)
     Form1 window(services, state, screen);
     messages.setMainWindow(&window);
     messages.setFixedFontName(state.checks.FixFont);
+    messages.setMessageSound([&services, &state](int style) {
+        PlayMessageSound(services, SoundSourcesOf(state), style);
+    });
     folderBrowser.setOwner(&window);
     QObject::connect(&window, &Form1::unloaded, &application, &QCoreApplication::quit);
     QObject::connect(&window, &Form1::programEnded, &application,

@@ -9,6 +9,7 @@
 #include "common/EventPump_qt.h"
 #include "common/FolderBrowser_qt.h"
 #include "common/MessageService_qt.h"
+#include "common/NoWindows.h"
 #include "common/Services.h"
 #include "common/frmMsg.h"
 #include "common/widgets/Skin.h"
@@ -89,8 +90,9 @@ struct Program {
     QtMessageService messages;
     QtEventPump events;
     QtFolderBrowser folderBrowser;
+    NoWindowsWavePlayer sounds; // pictures and benchmarks are quiet
     PlatformServices platform;
-    Services services = platform.With(messages, events, folderBrowser);
+    Services services = platform.With(messages, events, folderBrowser, sounds);
     ScreenFacts screen = ReadScreenFacts();
     ProgramState state;
 };

@@ -16,8 +16,9 @@ int main(int argc, char** argv)
     ConsoleMessageService messages(std::cerr);
     NoWindowsEventPump events;
     NoWindowsFolderBrowser folderBrowser;
+    NoWindowsWavePlayer sounds;
     PlatformServices platform;
-    Services services = platform.With(messages, events, folderBrowser);
+    Services services = platform.With(messages, events, folderBrowser, sounds);
     return RunCliCommand(
         CommandLineArguments(argc, argv), services, std::cout, std::cerr,
         [&messages](ConsoleMessageService::Answers answers) { messages.setAnswers(answers); });

@@ -2,6 +2,7 @@
 
 #include "common/EventPump.h"
 #include "common/FolderBrowser.h"
+#include "common/WavePlayer.h"
 
 #include <iostream>
 
@@ -21,6 +22,13 @@ public:
         std::cerr << prompt << "\n(no folder can be chosen without windows)\n";
         return {};
     }
+};
+
+// A terminal plays no sounds: a script's run is quiet.
+class NoWindowsWavePlayer final : public WavePlayer {
+public:
+    void playAsync(const std::string&) override {}
+    void beep() override {}
 };
 
 } // namespace vellumar

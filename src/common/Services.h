@@ -11,6 +11,7 @@ class SystemFolders;
 class ProcessLauncher;
 class SimulatorProcess;
 class FolderBrowser;
+class WavePlayer;
 
 // Every door from core to the world, handed in by the program, the command-line tool or a test.
 struct Services {
@@ -22,6 +23,7 @@ struct Services {
     ProcessLauncher& launcher;
     SimulatorProcess& simulator;
     FolderBrowser& folderBrowser;
+    WavePlayer& sounds;
     Clock& clock;
 };
 

@@ -21,10 +21,10 @@ PlatformServices::PlatformServices()
 PlatformServices::~PlatformServices() = default;
 
 Services PlatformServices::With(MessageService& messages, EventPump& events,
-                                FolderBrowser& folderBrowser)
+                                FolderBrowser& folderBrowser, WavePlayer& sounds)
 {
     return {messages,  events,     *files,        *registry, *systemFolders,
-            *launcher, *simulator, folderBrowser, *clock};
+            *launcher, *simulator, folderBrowser, sounds, *clock};
 }
 
 } // namespace vellumar

@@ -8,12 +8,13 @@ namespace vellumar {
 
 // The doors to the system as it is (files, registry, system folders, process launcher, the
 // simulator's process, clock), the same for every front end. Each front end adds the ones that
-// speak to its user: messages, the event pump and the folder browser.
+// speak to its user: messages, the event pump, the folder browser and the sound player.
 struct PlatformServices {
     PlatformServices();
     ~PlatformServices();
 
-    Services With(MessageService& messages, EventPump& events, FolderBrowser& folderBrowser);
+    Services With(MessageService& messages, EventPump& events, FolderBrowser& folderBrowser,
+                  WavePlayer& sounds);
 
     std::unique_ptr<FileOperations> files;
     std::unique_ptr<Registry> registry;

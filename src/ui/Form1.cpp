@@ -3,6 +3,7 @@
 #include "app/CloudIni.h"
 #include "app/DataFolderChecks.h"
 #include "app/FsDiscovery.h"
+#include "app/ProgramSounds.h"
 #include "app/StartUpSequence.h"
 #include "autorandom/AutoRandomTimer.h"
 #include "common/ApplyProportionalFont_qt.h"
@@ -13,6 +14,7 @@
 #include "common/ProcessLauncher.h"
 #include "common/ResultText.h"
 #include "common/Services.h"
+#include "common/WavePlayer.h"
 #include "common/widgets/ArrowComboBox.h"
 #include "common/widgets/ClickableLabel.h"
 #include "common/widgets/HiddenPickPanel.h"
@@ -567,6 +569,8 @@ void Form1::Form_Load()
     if (state_.settings.StartSel == "situation" && optFLT_->isEnabled()) {
         optFLT_->setChecked(true);
         optFLT_Click();
+    } else if (!ButtonSound()) {
+        services_.sounds.beep();
     }
     FitWindowToContents();
     // A borderless window gets no place from every window manager; it opens mid-screen.
@@ -874,7 +878,8 @@ void Form1::lstFLT_Click()
 
 void Form1::mnuClearSituation_Click()
 {
-    ClearSituation(services_.files, services_.messages, state_, [] { QApplication::beep(); });
+    ClearSituation(services_.files, services_.messages, state_,
+                   [this] { services_.sounds.beep(); });
 }
 
 void Form1::optFs_Click(int index)
@@ -896,6 +901,8 @@ void Form1::optFs_Click(int index)
 
 void Form1::cmdRandom_Click()
 {
+    if (!ButtonSound())
+        services_.sounds.beep();
     windowState_.HideSetName = true;
     optSky_->setChecked(true);
     optSky_Click();
@@ -1108,6 +1115,7 @@ void Form1::changeEvent(QEvent* event)
 
 void Form1::cmdInst_Click()
 {
+    ButtonSound();
     InstallChosenSet();
 }
 
@@ -1145,7 +1153,7 @@ bool Form1::InstallChosenSituation()
     const SituationOutcome outcome =
         InstallSituation(textures, services_.registry, state_, request, record_, [this] {
             if (!ButtonSound())
-                QApplication::beep();
+                services_.sounds.beep();
         });
     if (outcome.lastInstallTime)
         windowState_.LastInstallTime = *outcome.lastInstallTime;
@@ -1157,8 +1165,7 @@ bool Form1::InstallChosenSituation()
 
 bool Form1::ButtonSound()
 {
-    // The configured button sound comes with the sound work.
-    return false;
+    return PlayButtonSound(services_, SoundSourcesOf(state_));
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -1201,7 +1208,7 @@ void Form1::cmdInstAndStart_Click()
     run.fsExecutable = SimulatorExecutable();
     run.installChosenSet = [this] { return InstallChosenSet(); };
     run.installSituation = [this] { return InstallChosenSituation(); };
-    run.beep = [] { QApplication::beep(); };
+    run.beep = [this] { services_.sounds.beep(); };
     run.openAutoRandomSelection = [this] { lblAutoRandom_Click(); };
     run.armAutoRandom = [this] {
         ButtonCtrl(false);
@@ -1264,6 +1271,7 @@ void Form1::Timer1_Timer()
     steps.RandomWait = state_.settings.RandomWait;
     steps.HideSetName = windowState_.HideSetName;
     steps.setName = [this](int set) { return Sets()[static_cast<std::size_t>(set)].name; };
+    steps.autoRandomSound = [this] { PlayAutoRandomSound(services_, SoundSourcesOf(state_)); };
     steps.install = [this](int set) {
         cmbClouds_Click(set);
         return InstallChosenSet();
@@ -1311,7 +1319,7 @@ void Form1::mnuBkAll_Click()
 {
     TextureServices textures = Textures();
     vellumar::mnuBkAll_Click(textures, TextureFoldersOf(state_.paths),
-                             [] { QApplication::beep(); });
+                             [this] { services_.sounds.beep(); });
     ShowChosenSet();
 }
 

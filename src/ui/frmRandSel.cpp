@@ -1,6 +1,7 @@
 #include "ui/frmRandSel.h"
 
 #include "app/CloudIni.h"
+#include "app/ProgramSounds.h"
 #include "app/StartUpSequence.h"
 #include "common/MessageService.h"
 #include "common/Services.h"
@@ -144,7 +145,7 @@ void frmRandSel::Form_Load()
 
 void frmRandSel::PlayAutoRandomSound()
 {
-    // The window greets the user with the AutoRandom sound once the sound work plays it.
+    vellumar::PlayAutoRandomSound(services_, SoundSourcesOf(state_));
 }
 
 void frmRandSel::ShowOrder()

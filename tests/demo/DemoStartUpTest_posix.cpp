@@ -64,7 +64,7 @@ protected:
     std::unique_ptr<FileOperations> files = CreatePlatformFileOperations();
     Services services{fakes.messages,  fakes.events,        *files,
                       *registry,       *systemFolders,      fakes.launcher,
-                      fakes.simulator, fakes.folderBrowser, fakes.clock};
+                      fakes.simulator, fakes.folderBrowser, fakes.sounds, fakes.clock};
     DemoOutcome demo;
 
     void SetUp() override

@@ -9,6 +9,7 @@
 #include "support/FakeSystemFolders.h"
 #include "support/FaultyFileOperations.h"
 #include "support/RecordingProcessLauncher.h"
+#include "support/RecordingWavePlayer.h"
 #include "support/ScriptedFolderBrowser.h"
 
 namespace vellumar::test {
@@ -23,9 +24,10 @@ struct TestServices {
     RecordingProcessLauncher launcher;
     FakeSimulatorProcess simulator;
     ScriptedFolderBrowser folderBrowser;
+    RecordingWavePlayer sounds;
     FakeClock clock;
     Services services{messages, events,    files,         registry, systemFolders,
-                      launcher, simulator, folderBrowser, clock};
+                      launcher, simulator, folderBrowser, sounds,   clock};
 };
 
 } // namespace vellumar::test
