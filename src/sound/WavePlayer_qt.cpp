@@ -7,20 +7,39 @@
 
 namespace vellumar {
 
-QtWavePlayer::QtWavePlayer() = default;
-
-QtWavePlayer::~QtWavePlayer() = default;
+QtWavePlayer::~QtWavePlayer()
+{
+    if (!thread_.isRunning())
+        return;
+    thread_.quit();
+    thread_.wait();
+}
 
 void QtWavePlayer::playAsync(const std::string& path)
 {
     if (!player_) {
-        output_ = std::make_unique<QAudioOutput>();
-        player_ = std::make_unique<QMediaPlayer>();
-        player_->setAudioOutput(output_.get());
+        // The player and everything it makes belong to the sound thread from the start.
+        thread_.setObjectName(QStringLiteral("sounds"));
+        player_ = new QObject;
+        player_->moveToThread(&thread_);
+        QObject::connect(&thread_, &QThread::finished, player_, &QObject::deleteLater);
+        thread_.start();
     }
-    player_->stop();
-    player_->setSource(QUrl::fromLocalFile(QString::fromStdString(path)));
-    player_->play();
+    QObject* host = player_;
+    const QUrl source = QUrl::fromLocalFile(QString::fromStdString(path));
+    QMetaObject::invokeMethod(
+        host,
+        [host, source] {
+            auto* player = host->findChild<QMediaPlayer*>();
+            if (!player) {
+                player = new QMediaPlayer(host);
+                player->setAudioOutput(new QAudioOutput(player));
+            }
+            player->stop();
+            player->setSource(source);
+            player->play();
+        },
+        Qt::QueuedConnection);
 }
 
 void QtWavePlayer::beep()

@@ -2,27 +2,27 @@
 
 #include "common/WavePlayer.h"
 
-#include <memory>
-
-class QAudioOutput;
-class QMediaPlayer;
+#include <QThread>
 
 namespace vellumar {
 
 // One shared media player for the program's short sounds: a new one stops the one playing.
-// Made on the first sound, so a start-up that plays none pays nothing for it. Without a sound
+// It lives on a thread of its own, made on the first sound: setting up the media pipeline
+// takes a moment the first time, and the windows never wait for a sound. Without a sound
 // device nothing is heard and nothing else changes.
 class QtWavePlayer final : public WavePlayer {
 public:
-    QtWavePlayer();
+    QtWavePlayer() = default;
     ~QtWavePlayer() override;
+    QtWavePlayer(const QtWavePlayer&) = delete;
+    QtWavePlayer& operator=(const QtWavePlayer&) = delete;
 
     void playAsync(const std::string& path) override;
     void beep() override;
 
 private:
-    std::unique_ptr<QAudioOutput> output_;
-    std::unique_ptr<QMediaPlayer> player_;
+    QThread thread_;
+    QObject* player_ = nullptr; // lives on thread_, and holds the media player
 };
 
 } // namespace vellumar
