@@ -24,7 +24,7 @@ Services PlatformServices::With(MessageService& messages, EventPump& events,
                                 FolderBrowser& folderBrowser, WavePlayer& sounds)
 {
     return {messages,  events,     *files,        *registry, *systemFolders,
-            *launcher, *simulator, folderBrowser, sounds, *clock};
+            *launcher, *simulator, folderBrowser, sounds,    *clock};
 }
 
 } // namespace vellumar

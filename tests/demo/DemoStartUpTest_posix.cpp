@@ -62,9 +62,9 @@ protected:
     std::unique_ptr<Registry> registry = CreatePlatformRegistry();
     std::unique_ptr<SystemFolders> systemFolders = CreatePlatformSystemFolders();
     std::unique_ptr<FileOperations> files = CreatePlatformFileOperations();
-    Services services{fakes.messages,  fakes.events,        *files,
-                      *registry,       *systemFolders,      fakes.launcher,
-                      fakes.simulator, fakes.folderBrowser, fakes.sounds, fakes.clock};
+    Services services{fakes.messages, fakes.events,   *files,          *registry,
+                      *systemFolders, fakes.launcher, fakes.simulator, fakes.folderBrowser,
+                      fakes.sounds,   fakes.clock};
     DemoOutcome demo;
 
     void SetUp() override
