@@ -1,5 +1,5 @@
-#include "cli/CliCommands.h"
 #include "cli/CommandSet.h"
+#include "support/CliRun.h"
 #include "support/TempFolder.h"
 #include "support/TestInstallation.h"
 
@@ -16,7 +16,7 @@ protected:
     test::TempFolder temp;
     test::TestServices fakes;
     test::TestInstallation installation{temp, fakes};
-    std::ostringstream out, err;
+    test::CliRun run{fakes};
 
     AutoRandomCommandsTest()
     {
@@ -28,18 +28,10 @@ protected:
                                    "[Set3]\r\nDirName=Clouds\\t-storm\r\nfrom=1\r\nto=3\r\n");
     }
 
-    int run(std::vector<std::string> arguments)
-    {
-        out.str("");
-        err.str("");
-        return RunCliCommand(arguments, fakes.services, out, err,
-                             [](ConsoleMessageService::Answers) {});
-    }
-
     std::vector<std::string> installed()
     {
         std::vector<std::string> lines;
-        std::istringstream text(out.str());
+        std::istringstream text(run.out.str());
         for (std::string line; std::getline(text, line);)
             if (line.starts_with("installed ") || line.starts_with("failed "))
                 lines.push_back(line);
@@ -50,21 +42,21 @@ protected:
 TEST_F(AutoRandomCommandsTest, OrderModeInstallsTheNamedSetsInTurnAndSurvivesARestart)
 {
     ASSERT_EQ(run({"select", "--order", "t-storm  2", "summer haze"}), CliExit::Success)
-        << err.str();
+        << run.err.str();
     ASSERT_EQ(run({"autorandom", "--interval", "0.1", "--count", "3"}), CliExit::Success)
-        << err.str();
+        << run.err.str();
     EXPECT_EQ(installed(),
               (std::vector<std::string>{"installed 1: t-storm  2", "installed 2: Summer haze",
                                         "installed 3: t-storm  2"}));
     // Not a terminal: one line per new status text, as the window shows it.
-    EXPECT_NE(out.str().find("\nt-storm  2    Time Remain  00:05\n"), std::string::npos);
+    EXPECT_NE(run.out.str().find("\nt-storm  2    Time Remain  00:05\n"), std::string::npos);
     EXPECT_EQ(temp.read("FS9/texture/cldcn01.bmp"), "storm 2");
     // The other storms of the series stay out, though they share t-storm's Random key.
     const std::string ini = temp.read("Vellumar/cloud.ini");
     EXPECT_NE(ini.find("LeftOut1=Clouds\\t-storm  1"), std::string::npos);
     EXPECT_NE(ini.find("LeftOut2=Clouds\\t-storm  3"), std::string::npos);
     EXPECT_EQ(run({"last"}), CliExit::Success);
-    EXPECT_NE(out.str().find("t-storm  2"), std::string::npos);
+    EXPECT_NE(run.out.str().find("t-storm  2"), std::string::npos);
 }
 
 TEST_F(AutoRandomCommandsTest, RandomModeNeverRepeatsAndNothingSelectedIsExitOne)

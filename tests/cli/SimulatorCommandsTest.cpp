@@ -2,10 +2,10 @@
 // window uses, on a whole installation in a temporary folder.
 
 #include "app/StartUpSequence.h"
-#include "cli/CliCommands.h"
 #include "cli/CommandSet.h"
 #include "config/SimulatorSidePath.h"
 #include "simulator/Situation.h"
+#include "support/CliRun.h"
 #include "support/TempFolder.h"
 #include "support/TestInstallation.h"
 #include "textures/LastInstalled.h"
@@ -24,7 +24,7 @@ protected:
     test::TempFolder temp;
     test::TestServices fakes;
     test::TestInstallation installation{temp, fakes};
-    std::ostringstream out, err;
+    test::CliRun run{fakes};
 
     SimulatorCommandsTest()
     {
@@ -57,18 +57,6 @@ protected:
             "[Set2]\r\nDirName=Sky\\Dusk\r\n");
     }
 
-    int run(std::vector<std::string> arguments)
-    {
-        out.str("");
-        err.str("");
-        return RunCliCommand(arguments, fakes.services, out, err,
-                             [this](ConsoleMessageService::Answers answers) {
-                                 fakes.messages.answerEverything = [answers](int style) {
-                                     return ConsoleMessageService::AnswerFor(answers, style);
-                                 };
-                             });
-    }
-
     std::string cfg() const { return temp.read("AppData/Microsoft/FS9/fs9.cfg"); }
 };
 
@@ -77,13 +65,14 @@ TEST_F(SimulatorCommandsTest, SituationsListsEachFileWithItsDescriptionAndSets)
     EXPECT_EQ(run({"situations"}), CliExit::Success);
     // *.FLT before *.WX; a .txt wins over ShownText even when it holds only blanks; tabs and
     // line breaks of a description become blanks; the folders stop at the first missing number.
-    EXPECT_EQ(out.str(), "Dusk flight.FLT\tFlying into the dusk\tSky\\Dusk;Notes;Clouds\\Summer "
-                         "haze\nGap.FLT\t\tSky\\Dusk\nStorm.WX\tLine one Line two\t\n");
+    EXPECT_EQ(run.out.str(),
+              "Dusk flight.FLT\tFlying into the dusk\tSky\\Dusk;Notes;Clouds\\Summer "
+              "haze\nGap.FLT\t\tSky\\Dusk\nStorm.WX\tLine one Line two\t\n");
 }
 
 TEST_F(SimulatorCommandsTest, StartInstallsRotatesTheSplashAndStartsTheSimulatorOnce)
 {
-    ASSERT_EQ(run({"start", "dusk", "--yes"}), CliExit::Success) << err.str();
+    ASSERT_EQ(run({"start", "dusk", "--yes"}), CliExit::Success) << run.err.str();
     EXPECT_EQ(temp.read("FS9/texture/sky_dusk.bmp"), "dusk");
     // Order mode after the last picture starts again at 1; the number goes to [Splash Screen].
     EXPECT_EQ(temp.read("FS9/UIRES/dlgsplash.bmp"), "splash 1");
@@ -92,20 +81,20 @@ TEST_F(SimulatorCommandsTest, StartInstallsRotatesTheSplashAndStartsTheSimulator
               std::string::npos);
     ASSERT_EQ(fakes.simulator.starts.size(), 1u);
     EXPECT_EQ(fakes.simulator.starts[0], temp / "FS9" + "|fs9.exe");
-    EXPECT_EQ(out.str(), "started fs9.exe\n");
+    EXPECT_EQ(run.out.str(), "started fs9.exe\n");
 
     // Running already: installed and rotated again, not started twice; the kept original stays.
     ASSERT_EQ(run({"start", "Summer haze", "--yes"}), CliExit::Success);
     EXPECT_EQ(fakes.simulator.starts.size(), 1u);
     EXPECT_EQ(temp.read("FS9/texture/cld01.bmp"), "summer cloud");
     EXPECT_EQ(temp.read("FS9/UIRES/dlgsplash(org).bmp"), "the simulator's own splash");
-    EXPECT_EQ(out.str(), "fs9.exe is running already\n");
+    EXPECT_EQ(run.out.str(), "fs9.exe is running already\n");
     EXPECT_EQ(run({"running"}), CliExit::Success);
-    EXPECT_EQ(out.str(), "running 4242\n");
+    EXPECT_EQ(run.out.str(), "running 4242\n");
 
     fakes.simulator.quit();
     EXPECT_EQ(run({"running"}), CliExit::Failed);
-    EXPECT_EQ(out.str(), "not running\n");
+    EXPECT_EQ(run.out.str(), "not running\n");
 }
 
 TEST_F(SimulatorCommandsTest, AFailedStartOrInstallIsExitOneAndUsageMistakesExitTwo)
@@ -120,14 +109,14 @@ TEST_F(SimulatorCommandsTest, AFailedStartOrInstallIsExitOneAndUsageMistakesExit
     EXPECT_TRUE(fakes.simulator.starts.size() == 1);           // only the failed attempt
     EXPECT_EQ(run({"start", "Summer haze", "--situation", "Gap.FLT"}), CliExit::UsageError);
     EXPECT_EQ(run({"start", "--situation", "None.FLT", "--yes"}), CliExit::Failed);
-    EXPECT_NE(err.str().find("there is no situation called \"None.FLT\""), std::string::npos);
+    EXPECT_NE(run.err.str().find("there is no situation called \"None.FLT\""), std::string::npos);
 }
 
 TEST_F(SimulatorCommandsTest, ASituationInstallsItsSetsAndBecomesTheStartSituation)
 {
     ASSERT_EQ(run({"start", "--situation", "dusk flight.flt", "--yes", "--no-start"}),
               CliExit::Success)
-        << err.str();
+        << run.err.str();
     EXPECT_TRUE(fakes.simulator.starts.empty());
     // Sky\Dusk and Clouds\Summer haze; Notes holds no bitmap and is passed over.
     EXPECT_EQ(temp.read("FS9/texture/sky_dusk.bmp"), "dusk");

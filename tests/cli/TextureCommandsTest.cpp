@@ -1,8 +1,8 @@
 #include "cli/TextureCommands.h"
 
-#include "cli/CliCommands.h"
 #include "common/FileHelpers.h"
 #include "common/PathText.h"
+#include "support/CliRun.h"
 #include "support/TempFolder.h"
 #include "support/TestInstallation.h"
 
@@ -19,8 +19,7 @@ protected:
     test::TempFolder temp;
     test::TestServices fakes;
     test::TestInstallation installation{temp, fakes};
-    Services& services = fakes.services;
-    std::ostringstream out, err;
+    test::CliRun run{fakes};
 
     TextureCommandsTest()
     {
@@ -33,30 +32,18 @@ protected:
         installation.writeCloudIni("[LastInstalled]\r\nNumberOfDisp=2\r\n1=Blue,Sky Color\r\n"
                                    "[Set2]\r\nDirName=Sky\\Blue\r\n");
     }
-
-    int run(std::vector<std::string> arguments)
-    {
-        out.str("");
-        err.str("");
-        return RunCliCommand(arguments, services, out, err,
-                             [this](ConsoleMessageService::Answers answers) {
-                                 fakes.messages.answerEverything = [answers](int style) {
-                                     return ConsoleMessageService::AnswerFor(answers, style);
-                                 };
-                             });
-    }
 };
 
 TEST_F(TextureCommandsTest, SetsAndFilesInCatalogueOrder)
 {
     EXPECT_EQ(run({"sets"}), CliExit::Success);
-    EXPECT_EQ(out.str(), "Summer haze\tCumulus\t1\t" +
-                             temp / "Vellumar/Texture/Clouds/Summer haze" +
-                             "\nBlue\tSky Color\t3\t" + temp / "Vellumar/Texture/Sky/Blue" + "\n");
+    EXPECT_EQ(run.out.str(),
+              "Summer haze\tCumulus\t1\t" + temp / "Vellumar/Texture/Clouds/Summer haze" +
+                  "\nBlue\tSky Color\t3\t" + temp / "Vellumar/Texture/Sky/Blue" + "\n");
     EXPECT_EQ(run({"files", "summer haze"}), CliExit::Success);
-    EXPECT_EQ(out.str(), "cld01.bmp\nclouds.cld\n");
+    EXPECT_EQ(run.out.str(), "cld01.bmp\nclouds.cld\n");
     EXPECT_EQ(run({"files", "Nothing"}), CliExit::Failed);
-    EXPECT_NE(err.str().find("there is no texture set called \"Nothing\""), std::string::npos);
+    EXPECT_NE(run.err.str().find("there is no texture set called \"Nothing\""), std::string::npos);
 }
 
 TEST_F(TextureCommandsTest, InstallAsksAndOnlyWithYesPlacesTheFilesAndRecordsTheSet)
@@ -69,7 +56,7 @@ TEST_F(TextureCommandsTest, InstallAsksAndOnlyWithYesPlacesTheFilesAndRecordsThe
     EXPECT_EQ(temp.read("FS9/weather/clouds/clouds.cld"), "summer cld");
     EXPECT_EQ(temp.read("FS9/texture/trail.bmp"), "trail");
     EXPECT_EQ(run({"last"}), CliExit::Success);
-    EXPECT_NE(out.str().find("1     Sky Color    Blue\n2     Cumulus      Summer haze\n"),
+    EXPECT_NE(run.out.str().find("1     Sky Color    Blue\n2     Cumulus      Summer haze\n"),
               std::string::npos);
 }
 
@@ -85,18 +72,19 @@ TEST_F(TextureCommandsTest, OnlyFilesTheSetOffersCanBeNamed)
         for (const char* command : {"install", "restore"}) {
             EXPECT_EQ(run({command, "Summer haze", "--only", "cld01.bmp", "--only", name, "--yes"}),
                       CliExit::Failed);
-            EXPECT_EQ(err.str(),
+            EXPECT_EQ(run.err.str(),
                       "vellumar-cli: the set \"Summer haze\" does not offer \"" + name + "\"\n");
         }
         EXPECT_EQ(run({"install", "Summer haze", "--option", "Trail", "--option-only", name}),
                   CliExit::Failed);
-        EXPECT_EQ(err.str(),
+        EXPECT_EQ(run.err.str(),
                   "vellumar-cli: the option set \"Trail\" does not offer \"" + name + "\"\n");
     }
     // An option set is one the library lists, never a path out of it.
     EXPECT_EQ(run({"install", "Summer haze", "--option", "..\\..\\Clouds\\Summer haze"}),
               CliExit::Failed);
-    EXPECT_EQ(err.str(), "vellumar-cli: there is no option set \"..\\..\\Clouds\\Summer haze\"\n");
+    EXPECT_EQ(run.err.str(),
+              "vellumar-cli: there is no option set \"..\\..\\Clouds\\Summer haze\"\n");
     EXPECT_EQ(temp.read("FS9/texture/cld01.bmp"), "original cloud");
     EXPECT_FALSE(fakes.files.attributes(temp / "FS9/texture/notes.txt"));
 }

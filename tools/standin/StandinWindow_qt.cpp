@@ -122,24 +122,33 @@ QImage ToSprite(const QImage& picture, qreal edge, const QColor& tint = QColor(2
     return Softened(sprite, 1);
 }
 
+// Fades what `painter` has drawn on `area` out towards its sides and its top, and towards its
+// bottom unless `bottomFade` is 1 (a curtain of rain stands on the ground).
+void SoftenEdges(QPainter& painter, const QRect& area, qreal topFade, qreal bottomFade)
+{
+    painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
+    QLinearGradient across(0, 0, area.width(), 0);
+    across.setColorAt(0, Qt::transparent);
+    across.setColorAt(0.3, Qt::black);
+    across.setColorAt(0.7, Qt::black);
+    across.setColorAt(1, Qt::transparent);
+    painter.fillRect(area, across);
+    QLinearGradient down(0, 0, 0, area.height());
+    down.setColorAt(0, Qt::transparent);
+    down.setColorAt(topFade, Qt::black);
+    if (bottomFade < 1) {
+        down.setColorAt(bottomFade, Qt::black);
+        down.setColorAt(1, Qt::transparent);
+    }
+    painter.fillRect(area, down);
+}
+
 // A sheet of stratus or cirrus runs to the edges of its bitmap; stretched over the sky its
 // copies would end in straight cuts.
 QImage FadedAtTheSides(QImage sprite)
 {
     QPainter painter(&sprite);
-    painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
-    QLinearGradient across(0, 0, sprite.width(), 0);
-    across.setColorAt(0, Qt::transparent);
-    across.setColorAt(0.3, Qt::black);
-    across.setColorAt(0.7, Qt::black);
-    across.setColorAt(1, Qt::transparent);
-    painter.fillRect(sprite.rect(), across);
-    QLinearGradient down(0, 0, 0, sprite.height());
-    down.setColorAt(0, Qt::transparent);
-    down.setColorAt(0.2, Qt::black);
-    down.setColorAt(0.8, Qt::black);
-    down.setColorAt(1, Qt::transparent);
-    painter.fillRect(sprite.rect(), down);
+    SoftenEdges(painter, sprite.rect(), 0.2, 0.8);
     return sprite;
 }
 
@@ -539,17 +548,7 @@ void StandinWindow::paintPrecipitation(QPainter& painter, qreal horizon)
                 for (int x = 0; x < curtain.width(); x += tile)
                     inner.drawImage(QRect(x, y, tile, tile), streaks);
             // Soft on every side but the ground.
-            inner.setCompositionMode(QPainter::CompositionMode_DestinationIn);
-            QLinearGradient across(0, 0, curtain.width(), 0);
-            across.setColorAt(0, Qt::transparent);
-            across.setColorAt(0.3, Qt::black);
-            across.setColorAt(0.7, Qt::black);
-            across.setColorAt(1, Qt::transparent);
-            inner.fillRect(curtain.rect(), across);
-            QLinearGradient down(0, 0, 0, curtain.height());
-            down.setColorAt(0, Qt::transparent);
-            down.setColorAt(0.35, Qt::black);
-            inner.fillRect(curtain.rect(), down);
+            SoftenEdges(inner, curtain.rect(), 0.35, 1);
         }
         painter.save();
         painter.setOpacity(0.6);
