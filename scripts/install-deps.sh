@@ -3,8 +3,9 @@
 #
 #   scripts/install-deps.sh [build] [windows] [fuzz] [screenshots]
 #
-#   build        compilers, CMake, Qt 6, giflib, GoogleTest, Google Benchmark and CLI11 (the
-#                default)
+#   build        compilers, CMake, Qt 6 with its GStreamer plugins (the bad ones and a General
+#                MIDI soundfont play MIDI files), giflib, libcdio (audio CDs and disc images),
+#                GoogleTest, Google Benchmark and CLI11 (the default)
 #   windows      the MinGW-w64 cross compiler, Wine and CLI11, for the Windows test suite
 #   fuzz         clang and its sanitizer runtimes, for the libFuzzer targets
 #   screenshots  Xvfb and ImageMagick, for screenshots of the windows
@@ -13,7 +14,8 @@ set -euo pipefail
 declare -A groups=(
     [build]="cmake ninja-build g++ pkg-config ccache qt6-base-dev qt6-multimedia-dev
              gstreamer1.0-plugins-base gstreamer1.0-plugins-good libgtest-dev googletest
-             libbenchmark-dev libcli11-dev libgif-dev"
+             libbenchmark-dev libcli11-dev libgif-dev libcdio-dev gstreamer1.0-plugins-bad
+             timgm6mb-soundfont"
     [windows]="cmake ninja-build g++-mingw-w64-x86-64-posix wine64 wine googletest libcli11-dev
                xvfb xauth"
     [fuzz]="clang libclang-rt-14-dev"
