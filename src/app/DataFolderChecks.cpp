@@ -221,7 +221,7 @@ StartUpOutcome RunDataFolderChecks(Services& services, CloudIniFile& ini, Progra
     // 7. Sounds, 8. splash pictures, 9. the other folders.
     settings.Sounds =
         ValidateSoundSettings(ini, services.files, services.messages, services.registry,
-                              paths.DataFolder, settings.PathCheckRan);
+                              paths.DataFolder, paths.SharedDataPath, settings.PathCheckRan);
     CheckSplashFolder(services, ini, paths, settings);
     CheckOtherFolders(services, ini, paths, settings, settings.PathCheckRan);
 

@@ -90,6 +90,7 @@ StartUpOutcome RunStartUpSequence(Services& services, const ScreenFacts& screen,
                                   ProgramState& state)
 {
     state.paths.ProgramPath = TrimTrailingBackslash(services.systemFolders.programFolder());
+    state.paths.SharedDataPath = services.systemFolders.sharedDataFolder();
     if (IsError(GetSystemFolders(services.systemFolders, services.messages, state.paths)))
         return StartUpOutcome::EndProgram;
 

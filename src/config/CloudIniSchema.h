@@ -259,6 +259,40 @@ inline constexpr IniKey AutoRandomSoundFile{
     .base = "<data>",
     .setting = "AutoRandomSoundPath",
     .rule = "A .wav file, found as [ButtonSound] File; checked only when Beep is on."};
+// The message box's sounds where the system names none for an icon (a Wine prefix without
+// event sounds, or no prefix at all). Absent: the program's own sounds.
+inline constexpr IniKey MessageSoundCritical{
+    .section = "MessageSound",
+    .key = "Critical",
+    .type = IniType::Path,
+    .pathKind = IniPathKind::File,
+    .base = "<data>",
+    .setting = "MessageSoundPaths",
+    .rule = "A .wav file for messages with the stop sign; found as [ButtonSound] File."};
+inline constexpr IniKey MessageSoundQuestion{
+    .section = "MessageSound",
+    .key = "Question",
+    .type = IniType::Path,
+    .pathKind = IniPathKind::File,
+    .base = "<data>",
+    .setting = "MessageSoundPaths",
+    .rule = "A .wav file for questions; found as [ButtonSound] File."};
+inline constexpr IniKey MessageSoundExclamation{
+    .section = "MessageSound",
+    .key = "Exclamation",
+    .type = IniType::Path,
+    .pathKind = IniPathKind::File,
+    .base = "<data>",
+    .setting = "MessageSoundPaths",
+    .rule = "A .wav file for warnings; found as [ButtonSound] File."};
+inline constexpr IniKey MessageSoundInformation{
+    .section = "MessageSound",
+    .key = "Information",
+    .type = IniType::Path,
+    .pathKind = IniPathKind::File,
+    .base = "<data>",
+    .setting = "MessageSoundPaths",
+    .rule = "A .wav file for information; found as [ButtonSound] File."};
 inline constexpr IniKey SoundChannelPath{
     .section = "Sound",
     .key = "Ch#Path",
@@ -488,6 +522,10 @@ inline constexpr auto kAll = std::to_array<const IniKey*>({&AppName,
                                                            &ButtonSoundFile,
                                                            &AutoRandomSoundBeep,
                                                            &AutoRandomSoundFile,
+                                                           &MessageSoundCritical,
+                                                           &MessageSoundQuestion,
+                                                           &MessageSoundExclamation,
+                                                           &MessageSoundInformation,
                                                            &SoundChannelPath,
                                                            &SoundIntvl,
                                                            &SoundVol,

@@ -11,6 +11,7 @@ namespace vellumar {
 struct ProgramPaths : SystemPaths {
     std::string ProgramPath;           // the program's folder; cloud.ini lies in it
     std::string IniName = "cloud.ini"; // the configuration file's name
+    std::string SharedDataPath;        // what the program ships: its own sounds
 
     std::string FsRegPath;                 // the simulator folder as found at start-up
     std::array<std::string, 2> FsPaths;    // the two simulator choices

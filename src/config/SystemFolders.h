@@ -12,6 +12,9 @@ public:
 
     // The folder of the program's executable, or the folder named by $VELLUMAR_HOME.
     virtual std::string programFolder() = 0;
+    // What the program ships beside its executable (the message box's own sounds): the
+    // executable's folder + "/../share/vellumar" when it is there, else the executable's folder.
+    virtual std::string sharedDataFolder() = 0;
     // The Windows folder (on Linux: the Wine prefix's drive_c/windows, or "/" without a prefix).
     virtual std::string windowsFolder() = 0;
     // The user's documents folder.

@@ -76,6 +76,16 @@ public:
         return error ? std::string() : executable.parent_path().string();
     }
 
+    std::string sharedDataFolder() override
+    {
+        std::error_code error;
+        const fs::path folder = fs::read_symlink("/proc/self/exe", error).parent_path();
+        if (error)
+            return {};
+        const fs::path shared = folder.parent_path() / "share" / "vellumar";
+        return IsFolder(shared) ? shared.string() : folder.string();
+    }
+
     std::string windowsFolder() override
     {
         const std::string prefix = WinePrefix::Location();

@@ -39,6 +39,25 @@ public:
     {
         if (std::string home = Environment(L"VELLUMAR_HOME"); !home.empty())
             return home;
+        return ExecutableFolder();
+    }
+
+    std::string sharedDataFolder() override
+    {
+        const std::string folder = ExecutableFolder();
+        const std::size_t slash = folder.find_last_of("\\/");
+        if (slash != std::string::npos) {
+            const std::string shared = folder.substr(0, slash) + "\\share\\vellumar";
+            const DWORD attributes = GetFileAttributesW(ToWide(shared).c_str());
+            if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY))
+                return shared;
+        }
+        return folder;
+    }
+
+private:
+    static std::string ExecutableFolder()
+    {
         std::wstring path(MAX_PATH, L'\0');
         for (;;) {
             const DWORD length =
@@ -55,6 +74,7 @@ public:
         return slash == std::wstring::npos ? std::string() : FromWide(path.substr(0, slash));
     }
 
+public:
     std::string windowsFolder() override
     {
         wchar_t path[MAX_PATH] = {};

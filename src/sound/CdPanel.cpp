@@ -13,6 +13,20 @@ std::string TrackLabel(int track)
     return std::string("Track") + digits;
 }
 
+std::string CdStatusText(const CD& cd, const std::string& audioOutputProblem)
+{
+    std::string status;
+    if (cd.CdOpenFailed)
+        status = "No CD drive";
+    else if (!cd.CdReady)
+        status = "No disc";
+    else
+        status = std::to_string(cd.CdTrackCount) + (cd.CdTrackCount == 1 ? " track" : " tracks");
+    if (cd.CdReady && !audioOutputProblem.empty())
+        status += " \u2014 " + audioOutputProblem;
+    return status;
+}
+
 CdPanel::CdPanel(CD& cd)
     : cd_(cd)
 {}

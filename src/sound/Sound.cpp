@@ -2,6 +2,7 @@
 
 #include "common/EventPump.h"
 #include "common/FileHelpers.h"
+#include "common/MessageLayout.h"
 #include "common/MessageService.h"
 #include "common/PathText.h"
 #include "common/ResultText.h"
@@ -25,6 +26,7 @@ bool Play(Services& services, const std::string& path)
     return !sound.ErrorFlag;
 }
 
+// The system's sound for the message's icon; where the system names none, the program's own.
 std::string EventSound(Services& services, const SoundSources& sources, int style)
 {
     clsRegRead reader(services.registry, sources.windowsPath);
@@ -33,21 +35,29 @@ std::string EventSound(Services& services, const SoundSources& sources, int styl
     reader.SubKey = EventSoundKey(style);
     reader.ValueName = "";
     reader.AsHostPath = true;
-    return reader.RegData();
+    std::string sound = reader.RegData();
+    const MessageIcon icon = IconOf(style);
+    if (sound.empty() && icon != MessageIcon::None)
+        sound = sources.settings.MessageSoundPaths[static_cast<std::size_t>(icon) - 1];
+    return sound;
 }
 
 } // namespace
 
 std::string EventSoundKey(int style)
 {
-    if ((style & MessageStyle::Exclamation) == MessageStyle::Exclamation)
+    switch (IconOf(style)) {
+    case MessageIcon::Exclamation:
         return "SystemExclamation\\.Current";
-    if (style & MessageStyle::Question)
+    case MessageIcon::Question:
         return "SystemQuestion\\.Current";
-    if (style & MessageStyle::Critical)
+    case MessageIcon::Critical:
         return "SystemHand\\.Current";
-    if (style & MessageStyle::Information)
+    case MessageIcon::Information:
         return "SystemAsterisk\\.Current";
+    case MessageIcon::None:
+        break;
+    }
     return {};
 }
 

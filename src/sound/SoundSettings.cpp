@@ -41,11 +41,18 @@ std::string ValidateOne(const CloudIniFile& ini, FileOperations& files, MessageS
     return {};
 }
 
+constexpr std::array<const IniKey*, 4> kMessageSoundKeys = {
+    &CloudIniKeys::MessageSoundCritical, &CloudIniKeys::MessageSoundQuestion,
+    &CloudIniKeys::MessageSoundExclamation, &CloudIniKeys::MessageSoundInformation};
+constexpr std::array<const char*, 4> kShippedMessageSounds = {"critical.wav", "question.wav",
+                                                              "exclamation.wav", "information.wav"};
+
 } // namespace
 
 SoundSettings ValidateSoundSettings(const CloudIniFile& ini, FileOperations& files,
                                     MessageService& messages, Registry& registry,
-                                    const std::string& dataFolder, bool reportProblems)
+                                    const std::string& dataFolder,
+                                    const std::string& sharedDataFolder, bool reportProblems)
 {
     SoundSettings settings;
     if (ReadIniChoice(ini, CloudIniKeys::ButtonSoundBeep) != "off")
@@ -55,6 +62,16 @@ SoundSettings ValidateSoundSettings(const CloudIniFile& ini, FileOperations& fil
         settings.AutoRandomSoundPath =
             ValidateOne(ini, files, messages, registry, dataFolder, reportProblems,
                         CloudIniKeys::AutoRandomSoundFile);
+    for (std::size_t icon = 0; icon < kMessageSoundKeys.size(); ++icon) {
+        const IniKey& key = *kMessageSoundKeys[icon];
+        const std::string value(TrimBlanks(ReadIniRaw(ini, key)));
+        const std::string path =
+            IsError(value) || value.empty()
+                ? JoinPath(JoinPath(sharedDataFolder, "sounds"), kShippedMessageSounds[icon])
+                : IniPathOf(key, value, IniFolders{dataFolder, dataFolder}, registry);
+        if (IsOK(FileExists(files, path)))
+            settings.MessageSoundPaths[icon] = path;
+    }
     return settings;
 }
 

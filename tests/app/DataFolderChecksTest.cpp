@@ -181,6 +181,24 @@ TEST_F(DataFolderChecksTest, ButtonSoundOffAndAutoRandomSoundOnlyOnRequest)
     EXPECT_EQ(settings.Sounds.AutoRandomSoundPath, "");
 }
 
+// Where the system names no sound for a message's icon, the program has its own, which the
+// user may replace one by one; they are never reported, only left out when missing.
+TEST_F(DataFolderChecksTest, MessageSoundsAreTheProgramsOwnUnlessNamed)
+{
+    makeLibrary();
+    paths.SharedDataPath = temp.makeFolder("share");
+    for (const char* shipped : {"critical.wav", "exclamation.wav", "information.wav"})
+        temp.write(std::string("share/sounds/") + shipped);
+    temp.write("ask.wav");
+    install("[PathCheck]\r\nCheck=on\r\n[ButtonSound]\r\nBeep=off\r\n[MessageSound]\r\n"
+            "Question=ask.wav\r\nInformation=gone.wav\r\n");
+    EXPECT_EQ(run(), StartUpOutcome::Continue);
+    EXPECT_TRUE(fakes.messages.empty());
+    EXPECT_EQ(settings.Sounds.MessageSoundPaths,
+              (std::array<std::string, 4>{temp / "share/sounds/critical.wav", temp / "ask.wav",
+                                          temp / "share/sounds/exclamation.wav", ""}));
+}
+
 TEST_F(DataFolderChecksTest, MissingFontsAreReportedWithWhatIsInstalled)
 {
     makeLibrary();

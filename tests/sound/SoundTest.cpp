@@ -70,6 +70,21 @@ TEST_F(SoundTest, EachIconHasItsEventSoundAndTheCriticalBitThunders)
     EXPECT_EQ(heard.size(), before);
 }
 
+TEST_F(SoundTest, AnIconWithoutAnEventSoundTakesTheProgramsOwn)
+{
+    fakes.registry.set(RegistryHive::Users,
+                       ".DEFAULT\\AppEvents\\Schemes\\Apps\\.Default\\SystemQuestion\\.Current", "",
+                       "");
+    settings.MessageSoundPaths = {temp.write("own/critical.wav"), temp.write("own/question.wav"),
+                                  temp.write("own/exclamation.wav"),
+                                  temp.write("own/information.wav")};
+    PlayMessageSound(fakes.services, sources, 32);
+    EXPECT_EQ(heard.back(), temp / "own/question.wav");
+    // The system's own sound still wins where it names one.
+    PlayMessageSound(fakes.services, sources, 64);
+    EXPECT_EQ(heard.back(), temp / "windows/Media/SystemAsterisk.wav");
+}
+
 TEST_F(SoundTest, TheAutoRandomSoundFallsBackToTheBeep)
 {
     PlayAutoRandomSound(fakes.services, sources);

@@ -9,9 +9,10 @@ namespace vellumar::test {
 // System folders chosen by the test (normally temporary folders).
 class FakeSystemFolders final : public SystemFolders {
 public:
-    std::string program, windows, documents, appData;
+    std::string program, windows, documents, appData, shared;
 
     std::string programFolder() override { return program; }
+    std::string sharedDataFolder() override { return shared; }
     std::string windowsFolder() override { return windows; }
     std::string documentsFolder() override { return documents; }
     std::string appDataFolder() override { return appData; }
