@@ -11,7 +11,7 @@
 #include "common/Unattended.h"
 #include "common/widgets/Skin.h"
 #include "config/PlatformServices.h"
-#include "sound/WavePlayer_qt.h"
+#include "sound/ProgramWavePlayer.h"
 #include "ui/Form1.h"
 
 #include <QApplication>
@@ -19,6 +19,7 @@
 #include <QTimer>
 
 #include <cstdlib>
+#include <memory>
 
 int main(int argc, char** argv)
 {
@@ -42,9 +43,9 @@ int main(int argc, char** argv)
     QtMessageService messages;
     QtEventPump events;
     QtFolderBrowser folderBrowser;
-    QtWavePlayer sounds;
+    const std::unique_ptr<WavePlayer> sounds = CreateProgramWavePlayer();
     PlatformServices platform;
-    Services services = platform.With(messages, events, folderBrowser, sounds);
+    Services services = platform.With(messages, events, folderBrowser, *sounds);
 
     const ScreenFacts screen = ReadScreenFacts();
     ProgramState state;
