@@ -11,9 +11,6 @@ std::string MciErrorText(std::uint32_t code)
         return "The driver cannot recognize the specified command parameter.";
     case MciError::UnrecognizedCommand:
         return "The driver cannot recognize the specified command.";
-    case MciError::Hardware:
-        return "There is a problem with your media device. Make sure it is working correctly or "
-               "contact the device manufacturer.";
     case MciError::InvalidDeviceName:
         return "The specified device is not open or is not recognized by MCI.";
     case MciError::CannotLoadDriver:
@@ -34,8 +31,6 @@ std::string MciErrorText(std::uint32_t code)
         return "Cannot use 'all' as the device name with the specified command.";
     case MciError::OutOfRange:
         return "The specified parameter is out of range for the specified command.";
-    case MciError::FlagsNotCompatible:
-        return "The specified parameters cannot be used together.";
     case MciError::DuplicateAlias:
         return "The specified alias is already being used in this application. Use a unique "
                "alias.";

@@ -11,7 +11,6 @@ namespace MciError {
 inline constexpr std::uint32_t Base = 256;
 inline constexpr std::uint32_t UnrecognizedKeyword = Base + 3;
 inline constexpr std::uint32_t UnrecognizedCommand = Base + 5;
-inline constexpr std::uint32_t Hardware = Base + 6;
 inline constexpr std::uint32_t InvalidDeviceName = Base + 7;
 inline constexpr std::uint32_t CannotLoadDriver = Base + 10;
 inline constexpr std::uint32_t MissingCommandString = Base + 11;
@@ -22,7 +21,6 @@ inline constexpr std::uint32_t UnsupportedFunction = Base + 18;
 inline constexpr std::uint32_t DeviceNotReady = Base + 20;
 inline constexpr std::uint32_t CannotUseAll = Base + 23;
 inline constexpr std::uint32_t OutOfRange = Base + 26;
-inline constexpr std::uint32_t FlagsNotCompatible = Base + 28;
 inline constexpr std::uint32_t DuplicateAlias = Base + 33;
 inline constexpr std::uint32_t BadConstant = Base + 34;
 inline constexpr std::uint32_t MissingDeviceName = Base + 36;
