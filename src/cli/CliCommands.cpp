@@ -3,6 +3,7 @@
 #include "cli/AutoRandomCommands.h"
 #include "cli/DemoCommand.h"
 #include "cli/IniCommands.h"
+#include "cli/MciCommand.h"
 #include "cli/SimulatorCommands.h"
 #include "cli/SystemCommands.h"
 #include "cli/TextureCommands.h"
@@ -23,6 +24,7 @@ void AddAllCommands(CommandSet& commands)
     AddTextureCommands(commands);
     AddSimulatorCommands(commands);
     AddAutoRandomCommands(commands);
+    AddMciCommand(commands);
 }
 
 // The command the line got as far as naming ("vellumar-cli ini get"), for messages.

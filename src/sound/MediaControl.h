@@ -23,6 +23,9 @@ public:
     // Why a disc that plays cannot be heard ("" when it can, or when nothing has played yet):
     // without a sound device the disc still plays, on the clock alone.
     virtual std::string AudioOutputProblem() { return {}; }
+
+    // The loudness of the CD, 0 to 100, where the system lets a program set it for the CD alone.
+    virtual void SetVolume(int /*percent*/) {}
 };
 
 } // namespace vellumar
