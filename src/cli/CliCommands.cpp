@@ -4,6 +4,7 @@
 #include "cli/DemoCommand.h"
 #include "cli/IniCommands.h"
 #include "cli/MciCommand.h"
+#include "cli/PlayCommand.h"
 #include "cli/SimulatorCommands.h"
 #include "cli/SystemCommands.h"
 #include "cli/TextureCommands.h"
@@ -25,6 +26,7 @@ void AddAllCommands(CommandSet& commands)
     AddSimulatorCommands(commands);
     AddAutoRandomCommands(commands);
     AddMciCommand(commands);
+    AddPlayCommand(commands);
 }
 
 // The command the line got as far as naming ("vellumar-cli ini get"), for messages.

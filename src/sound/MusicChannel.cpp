@@ -21,14 +21,17 @@ MusicChannel::MusicChannel(MediaPlayer& player, FileOperations& files, Registry&
 void MusicChannel::SetList(const TextList& musicFiles)
 {
     list_ = musicFiles;
-    Expand();
+    // The piece playing is no longer on the list: the next one is the new list's first.
+    if (!Expand() && playing_ && !pieces_.empty())
+        index_ = pieces_.size() - 1;
 }
 
-void MusicChannel::Expand()
+bool MusicChannel::Expand()
 {
     pieces_ = ExpandMusicList(files_, registry_, list_);
     const auto found = std::find(pieces_.begin(), pieces_.end(), current_);
     index_ = found != pieces_.end() ? static_cast<std::size_t>(found - pieces_.begin()) : 0;
+    return found != pieces_.end();
 }
 
 void MusicChannel::SetVolume(int percent)

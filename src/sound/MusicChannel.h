@@ -46,7 +46,8 @@ public:
     const TextList& pieces() const { return pieces_; }
 
 private:
-    void Expand();
+    // Reads the list again; true when the piece last played is still on it (the place).
+    bool Expand();
     // Plays the first file from pieces_[index] on that is still there.
     void StartAt(std::size_t index);
     void Advance(bool forward);
