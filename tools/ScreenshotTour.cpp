@@ -14,7 +14,9 @@
 #include "common/frmMsg.h"
 #include "common/widgets/Skin.h"
 #include "config/PlatformServices.h"
+#include "sound/SoundFiles.h"
 #include "ui/Form1.h"
+#include "ui/frmMusic.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -31,6 +33,7 @@
 #include <QTest>
 #include <QWindow>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
@@ -272,6 +275,26 @@ int main(int argc, char** argv)
         } else {
             saved = false;
         }
+    }
+    {
+        // The music window, with the demo's music and (staged, for a list
+        // worth ordering) the sounds of the other channels after it.
+        auto window = OpenWindow(program, false);
+        MusicOrder order{program.state.settings.MusicFiles, program.state.settings.LastMusicPath};
+        for (const std::string& folder : program.state.checks.SoundChannelFolders)
+            for (const std::string& file : ListSoundFiles(program.services.files, folder))
+                if (std::find(order.files.begin(), order.files.end(), file) == order.files.end())
+                    order.files.push_back(file);
+        frmMusic music(program.services.files, order, program.state.checks.SoundChannelFolders[2],
+                       window.get());
+        music.move(window->geometry().topLeft() + QPoint(120, 90));
+        music.show();
+        Settle();
+        if (auto* list = music.findChild<QListWidget*>(QStringLiteral("lstMusic")))
+            list->setCurrentRow(1);
+        Settle();
+        saved &= Save(music.grab(), folder, "frmMusic.png");
+        music.reject();
     }
     {
         // The hidden random pick: the lists give way to a panel that keeps the set's name back.

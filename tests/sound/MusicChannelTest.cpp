@@ -62,6 +62,23 @@ TEST_F(MusicChannelTest, PlaysInOrderWrapsAndStepsBothWays)
     EXPECT_TRUE(channel.playing());
 }
 
+TEST_F(MusicChannelTest, AListEditedWhilePlayingGoesOnFromThePiecePlaying)
+{
+    const std::string a = temp.write("a.mp3"), b = temp.write("b.mp3"), c = temp.write("c.mp3");
+    channel.SetList({a, b, c});
+    channel.Play();
+    channel.Next(); // b
+    channel.SetList({c, b, a});
+    player.finish();
+    channel.Tick();
+    EXPECT_EQ(channel.piece(), "a.mp3");
+    // The piece playing taken off: the next comes from the top of the new list.
+    channel.SetList({c, b});
+    player.finish();
+    channel.Tick();
+    EXPECT_EQ(Played(), (std::vector<std::string>{"a.mp3", "b.mp3", "a.mp3", "c.mp3"}));
+}
+
 TEST_F(MusicChannelTest, GoneAndBrokenFilesAreSkippedWithTheirReason)
 {
     const std::string a = temp.write("a.mp3"), b = temp.write("b.mp3"), c = temp.write("c.mp3");

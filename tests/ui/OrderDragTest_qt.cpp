@@ -1,9 +1,10 @@
-// A real drag in the AutoRandom order list. Qt's "minimal" platform runs QDrag's own loop
-// (offscreen a drag returns at once), so this test runs there.
+// A real drag in the AutoRandom order list and in the music list. Qt's "minimal" platform runs
+// QDrag's own loop (offscreen a drag returns at once), so this test runs there.
 
 #include "app/StartUpSequence.h"
 #include "support/TempFolder.h"
 #include "support/TestInstallation.h"
+#include "ui/frmMusic.h"
 #include "ui/frmRandSel.h"
 
 #include <QListWidget>
@@ -51,6 +52,31 @@ private Q_SLOTS:
         QTRY_COMPARE(lstOrder->item(2)->text(), QStringLiteral("Summer haze"));
         QCOMPARE(lstOrder->item(0)->text(), QStringLiteral("Dusk"));
         QCOMPARE(selection.selection().order, (std::vector<int>{1, 2, 0}));
+    }
+
+    void draggingAPieceUpTheMusicListPlaysItEarlier()
+    {
+        test::TestServices fakes;
+        frmMusic window(fakes.files, MusicOrder{{"/m/a.mp3", "/m/b.mp3", "/m/c.mid"}, ""}, "");
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        auto* lstMusic = window.findChild<QListWidget*>(QStringLiteral("lstMusic"));
+        QWidget* viewport = lstMusic->viewport();
+        const QPoint from = lstMusic->visualItemRect(lstMusic->item(2)).center();
+        const QRect first = lstMusic->visualItemRect(lstMusic->item(0));
+        const QPoint to(first.center().x(), first.top() + 1);
+
+        QTest::mousePress(viewport, Qt::LeftButton, {}, from);
+        QTimer::singleShot(100, viewport, [viewport, to] {
+            QTest::mouseMove(viewport, to);
+            QTest::mouseRelease(viewport, Qt::LeftButton, {}, to);
+        });
+        QTest::mouseMove(viewport, from - QPoint(0, QApplication::startDragDistance() + 4));
+        QTest::mouseMove(viewport, from - QPoint(0, 2 * QApplication::startDragDistance() + 8));
+
+        QTRY_COMPARE(lstMusic->item(0)->text(), QStringLiteral("c.mid"));
+        window.accept();
+        QCOMPARE(window.order().files, (TextList{"/m/c.mid", "/m/a.mp3", "/m/b.mp3"}));
     }
 };
 
