@@ -24,12 +24,14 @@
 #include "common/widgets/SkyBand.h"
 #include "common/widgets/TickBox.h"
 #include "simulator/Situation.h"
+#include "sound/ProgramSoundDoors.h"
 #include "textures/Backup.h"
 #include "textures/Install.h"
 #include "textures/Restore.h"
 #include "textures/SetCatalogue.h"
 #include "ui/SetListModel_qt.h"
 #include "ui/frmRandSel.h"
+#include "ui/frmSound.h"
 
 #include <QAction>
 #include <QApplication>
@@ -80,7 +82,6 @@ QAction* AddItem(QMenu* menu, const char* name, const char* caption)
 {
     QAction* action = menu->addAction(QString::fromUtf8(caption));
     action->setObjectName(QString::fromLatin1(name));
-    action->setEnabled(!AwaitsLaterWork(name));
     return action;
 }
 
@@ -452,6 +453,8 @@ void Form1::CreateMenus()
             action->setVisible(false);
         if (name == "mnuShowIni")
             connect(action, &QAction::triggered, this, &Form1::mnuShowIni_Click);
+        if (name == "mnuSound")
+            connect(action, &QAction::triggered, this, &Form1::mnuSound_Click);
         if (name == "mnuLastInst")
             connect(action, &QAction::triggered, this, &Form1::mnuLastInst_Click);
         if (name == "mnuClearSituation")
@@ -948,6 +951,26 @@ void Form1::lblOption_Click()
     PopUp(mnuPopUpForm_, lblOption_->mapToGlobal(QPoint(0, lblOption_->height())));
 }
 
+frmSound* Form1::soundWindow() const
+{
+    return soundWindow_.data();
+}
+
+void Form1::mnuSound_Click()
+{
+    // One sound window: asked again, the open one comes to the front.
+    if (soundWindow_) {
+        soundWindow_->raise();
+        soundWindow_->activateWindow();
+        return;
+    }
+    soundWindow_ = new frmSound(
+        services_, state_,
+        soundWindowDoors ? soundWindowDoors() : CreateProgramSoundDoors(services_.clock), this);
+    soundWindow_->setAttribute(Qt::WA_DeleteOnClose);
+    soundWindow_->show();
+}
+
 void Form1::mnuShowIni_Click()
 {
     vellumar::mnuShowIni_Click(services_, state_.paths);
@@ -1025,7 +1048,7 @@ void Form1::Apply(const WindowChanges& changes)
             control->setVisible(entry.on);
     for (const ControlSwitch& entry : changes.enabled)
         if (auto* control = findChild<QWidget*>(QString::fromStdString(entry.name)))
-            control->setEnabled(entry.on && !AwaitsLaterWork(entry.name));
+            control->setEnabled(entry.on);
     // The panel of the file lists takes room only while they are shown.
     filePanel_->setVisible(!lstClouds_->isHidden() || !cmbClouds_->isHidden() ||
                            !lstOption_->isHidden() || !cmbOption_->isHidden());
@@ -1233,6 +1256,7 @@ void Form1::lblAutoRandom_Click()
     // Modal to this window, without a nested event loop: the countdown and the watch go on.
     auto* selection = new frmRandSel(services_, state_, this);
     selection->setAttribute(Qt::WA_DeleteOnClose);
+    selectionWindow_ = selection;
     connect(selection, &frmRandSel::iniChanged, this, &Form1::close, Qt::QueuedConnection);
     selection->open();
 }
@@ -1368,6 +1392,13 @@ void Form1::closeEvent(QCloseEvent* event)
         record_.SaveLastInstalled(*state_.ini, services_.events);
     Timer1_->stop();
     tmrFsCheck2_->stop();
+    // The secondary windows: the music window, the selection, then the sound window.
+    if (soundWindow_)
+        soundWindow_->CloseMusicOrder();
+    if (selectionWindow_)
+        selectionWindow_->close();
+    if (soundWindow_)
+        soundWindow_->close();
     SysTrayIcon(false);
     event->accept();
     Q_EMIT unloaded();

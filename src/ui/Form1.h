@@ -5,10 +5,12 @@
 #include "simulator/FsWatch.h"
 #include "simulator/InstallAndStart.h"
 #include "simulator/Splash.h"
+#include "sound/SoundWindowDoors.h"
 #include "textures/LastInstalled.h"
 #include "ui/MainWindowLogic.h"
 
 #include <QPoint>
+#include <QPointer>
 #include <QSystemTrayIcon>
 #include <QWidget>
 
@@ -34,6 +36,8 @@ class QVBoxLayout;
 namespace vellumar {
 
 class ClickableLabel;
+class frmRandSel;
+class frmSound;
 class HiddenPickPanel;
 class PictureButton;
 class PictureView;
@@ -68,6 +72,11 @@ public:
     void Form_Load();
 
     const MainWindowState& mainWindowState() const { return windowState_; }
+
+    // What the sound window plays through; tests hand in fakes.
+    std::function<SoundWindowDoors()> soundWindowDoors;
+    // The sound window while it is open.
+    frmSound* soundWindow() const;
 
 Q_SIGNALS:
     // Form_Unload has run: the program ends.
@@ -126,6 +135,7 @@ private:
     void lblOption_Click();
     void mnuCheckAll(QListWidget* list, bool ticked);
     void mnuShowIni_Click();
+    void mnuSound_Click();
     void mnuEndProg_Click();
     void PIC_Activated(QSystemTrayIcon::ActivationReason reason);
 
@@ -228,6 +238,8 @@ private:
     QMenu* mnuPopUpBkAll_ = nullptr;
     QMenu* mnuPopUpTaskTray_ = nullptr;
     QMenu* mnuPopUpForm_ = nullptr;
+    QPointer<frmRandSel> selectionWindow_;
+    QPointer<frmSound> soundWindow_;
 };
 
 } // namespace vellumar

@@ -310,11 +310,4 @@ std::string ControlTip(const std::string& configured, const std::string& reason)
     return configured + "\n" + reason;
 }
 
-bool AwaitsLaterWork(std::string_view controlName)
-{
-    // The sound window.
-    static constexpr std::array<std::string_view, 1> kLater = {"mnuSound"};
-    return std::find(kLater.begin(), kLater.end(), controlName) != kLater.end();
-}
-
 } // namespace vellumar

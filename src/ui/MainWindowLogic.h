@@ -170,8 +170,4 @@ std::string UnavailableReason(std::string_view controlName, const std::string& f
 // act goes below it, so neither hides the other.
 std::string ControlTip(const std::string& configured, const std::string& reason);
 
-// Controls and menu items whose work is not part of this build yet: they stay disabled
-// whatever the rules above say, rather than pretend to act.
-bool AwaitsLaterWork(std::string_view controlName);
-
 } // namespace vellumar

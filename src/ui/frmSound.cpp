@@ -1,18 +1,26 @@
 #include "ui/frmSound.h"
 
+#include "app/CloudIni.h"
 #include "app/ProgramSounds.h"
 #include "app/StartUpSequence.h"
+#include "common/Clock.h"
 #include "common/Services.h"
 #include "common/widgets/Skin.h"
-#include "sound/MediaControl.h"
+#include "config/CloudIniFile.h"
+#include "sound/SoundWindowSettings.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QSignalBlocker>
+#include <QSlider>
+#include <QSpinBox>
+#include <QStyle>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -25,16 +33,56 @@ QString Text(const std::string& text)
     return QString::fromStdString(text);
 }
 
+QString Name(const char* prefix, int channel)
+{
+    return QString::fromLatin1(prefix) + QString::number(channel);
+}
+
+QLabel* DimLabel()
+{
+    auto* label = new QLabel;
+    QPalette dim = label->palette();
+    dim.setColor(QPalette::WindowText, skin::PanelTextDim());
+    label->setPalette(dim);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+QPushButton* IconButton(QStyle::StandardPixmap icon, const QString& name, const QString& tip)
+{
+    auto* button = new QPushButton;
+    button->setIcon(button->style()->standardIcon(icon));
+    button->setObjectName(name);
+    button->setToolTip(tip);
+    button->setFixedWidth(40);
+    return button;
+}
+
+QSlider* VolumeSlider(int channel)
+{
+    auto* slider = new QSlider(Qt::Horizontal);
+    slider->setObjectName(Name("sldVolume", channel));
+    slider->setRange(0, 100);
+    slider->setPageStep(10);
+    slider->setMinimumWidth(120);
+    slider->setToolTip(QStringLiteral("Volume"));
+    return slider;
+}
+
 } // namespace
 
-frmSound::frmSound(Services& services, ProgramState& state, std::unique_ptr<MediaControl> cd,
-                   QWidget* parent)
+frmSound::frmSound(Services& services, ProgramState& state, SoundWindowDoors doors, QWidget* parent)
     : QDialog(parent)
     , services_(services)
     , state_(state)
-    , control_(std::move(cd))
-    , cd_(*control_, services.messages)
+    , doors_(std::move(doors))
+    , cd_(*doors_.cd, services.messages)
     , cdPanel_(cd_)
+    , channels_{SoundChannel(*doors_.players[0], services.files, services.clock,
+                             ClockSeededUniform(services.clock)),
+                SoundChannel(*doors_.players[1], services.files, services.clock,
+                             ClockSeededUniform(services.clock))}
+    , music_(*doors_.players[2], services.files, services.registry)
 {
     setObjectName(QStringLiteral("frmSound"));
     setWindowTitle(QStringLiteral("Vellumar Sound"));
@@ -47,6 +95,7 @@ frmSound::frmSound(Services& services, ProgramState& state, std::unique_ptr<Medi
     root->setContentsMargins(14, 12, 14, 12);
     root->setSpacing(10);
 
+    // The CD.
     auto* cdBox = new QGroupBox(QStringLiteral("Audio CD"));
     cdBox->setObjectName(QStringLiteral("fraCD"));
     auto* cdLayout = new QVBoxLayout(cdBox);
@@ -59,8 +108,6 @@ frmSound::frmSound(Services& services, ProgramState& state, std::unique_ptr<Medi
     chkRepeatCD_->setToolTip(QStringLiteral("After the last track, play the disc again"));
     lblTrack_ = new QLabel;
     lblTrack_->setObjectName(QStringLiteral("lblTrack"));
-    lblTrack_->setMinimumWidth(
-        lblTrack_->fontMetrics().horizontalAdvance(QStringLiteral("Track00")) + 8);
     ticks->addWidget(chkCD_);
     ticks->addWidget(chkRepeatCD_);
     ticks->addStretch();
@@ -70,21 +117,74 @@ frmSound::frmSound(Services& services, ProgramState& state, std::unique_ptr<Medi
     hsvTrack_->setObjectName(QStringLiteral("hsvTrack"));
     hsvTrack_->setToolTip(QStringLiteral("Choose the track"));
     hsvTrack_->setPageStep(1);
-    hsvTrack_->setMinimumWidth(320);
+    // While the user drags, only the label follows; the track changes where the drag ends.
+    hsvTrack_->setTracking(false);
     cdLayout->addWidget(hsvTrack_);
-    lblCdStatus_ = new QLabel;
+    lblCdStatus_ = DimLabel();
     lblCdStatus_->setObjectName(QStringLiteral("lblCdStatus"));
     lblCdStatus_->setWordWrap(true);
-    QPalette dim = lblCdStatus_->palette();
-    dim.setColor(QPalette::WindowText, skin::PanelTextDim());
-    lblCdStatus_->setPalette(dim);
     cdLayout->addWidget(lblCdStatus_);
     root->addWidget(cdBox);
-    root->addStretch();
+
+    // Channels 1 and 2: a folder's sounds, and channel 3: the music list.
+    for (int channel = 1; channel <= 3; ++channel) {
+        ChannelControls& controls = channelControls_[static_cast<std::size_t>(channel - 1)];
+        const bool isMusic = channel == 3;
+        auto* box = new QGroupBox(isMusic ? QStringLiteral("Music")
+                                          : QStringLiteral("Sound channel %1").arg(channel));
+        box->setObjectName(Name("fraChannel", channel));
+        auto* grid = new QGridLayout(box);
+        grid->setHorizontalSpacing(6);
+        auto* keys = new QHBoxLayout;
+        keys->setSpacing(4);
+        if (isMusic) {
+            cmdPrevious_ = IconButton(QStyle::SP_MediaSkipBackward, QStringLiteral("cmdPrevious"),
+                                      QStringLiteral("The piece before"));
+            keys->addWidget(cmdPrevious_);
+        }
+        controls.play =
+            IconButton(QStyle::SP_MediaPlay, Name("cmdPlay", channel), QStringLiteral("Play"));
+        controls.stop =
+            IconButton(QStyle::SP_MediaStop, Name("cmdStop", channel), QStringLiteral("Stop"));
+        keys->addWidget(controls.play);
+        keys->addWidget(controls.stop);
+        if (isMusic) {
+            cmdNext_ = IconButton(QStyle::SP_MediaSkipForward, QStringLiteral("cmdNext"),
+                                  QStringLiteral("The next piece"));
+            keys->addWidget(cmdNext_);
+        }
+        grid->addLayout(keys, 0, 0);
+        grid->addWidget(new QLabel(QStringLiteral("Volume")), 0, 1, Qt::AlignRight);
+        controls.volume = VolumeSlider(channel);
+        grid->addWidget(controls.volume, 0, 2);
+        if (isMusic) {
+            cmdMusicOrder_ = new QPushButton(QStringLiteral("Music Order\u2026"));
+            cmdMusicOrder_->setObjectName(QStringLiteral("cmdMusicOrder"));
+            cmdMusicOrder_->setToolTip(QStringLiteral("Choose the music and its order"));
+            grid->addWidget(cmdMusicOrder_, 0, 3);
+        } else {
+            controls.interval = new QSpinBox;
+            controls.interval->setObjectName(Name("spnInterval", channel));
+            controls.interval->setRange(0, 60);
+            controls.interval->setSuffix(QStringLiteral(" s"));
+            controls.interval->setPrefix(QStringLiteral("pause "));
+            controls.interval->setToolTip(QStringLiteral("Seconds of quiet between two sounds"));
+            grid->addWidget(controls.interval, 0, 3);
+        }
+        grid->setColumnStretch(2, 1);
+        controls.status = DimLabel();
+        controls.status->setObjectName(Name("lblStatus", channel));
+        controls.status->setMinimumWidth(360);
+        grid->addWidget(controls.status, 1, 0, 1, 4);
+        root->addWidget(box);
+    }
 
     tmrCD_ = new QTimer(this);
     tmrCD_->setObjectName(QStringLiteral("tmrCD"));
     tmrCD_->setInterval(1000);
+    tmrChannels_ = new QTimer(this);
+    tmrChannels_->setObjectName(QStringLiteral("tmrChannels"));
+    tmrChannels_->setInterval(250);
 
     connect(tmrCD_, &QTimer::timeout, this, &frmSound::tmrCD_Timer);
     connect(chkCD_, &QCheckBox::clicked, this, &frmSound::chkCD_Click);
@@ -95,8 +195,46 @@ frmSound::frmSound(Services& services, ProgramState& state, std::unique_ptr<Medi
         cdPanel_.hsvTrack_Scroll(track);
         lblTrack_->setText(Text(cdPanel_.controls.lblTrack));
     });
-    // While the user drags, only the label follows; the track changes where the drag ends.
-    hsvTrack_->setTracking(false);
+    connect(tmrChannels_, &QTimer::timeout, this, &frmSound::tmrChannels_Timer);
+    for (std::size_t i = 0; i < channels_.size(); ++i) {
+        SoundChannel& channel = channels_[i];
+        ChannelControls& controls = channelControls_[i];
+        connect(controls.play, &QPushButton::clicked, this, [this, &channel] {
+            channel.Play();
+            ShowChannels();
+        });
+        connect(controls.stop, &QPushButton::clicked, this, [this, &channel] {
+            channel.Stop();
+            ShowChannels();
+        });
+        connect(controls.volume, &QSlider::valueChanged, this,
+                [&channel](int percent) { channel.SetVolume(percent); });
+        connect(controls.interval, &QSpinBox::valueChanged, this,
+                [&channel](int seconds) { channel.SetInterval(seconds); });
+    }
+    ChannelControls& musicControls = channelControls_[2];
+    connect(musicControls.play, &QPushButton::clicked, this, [this] {
+        music_.Play();
+        ShowChannels();
+    });
+    connect(musicControls.stop, &QPushButton::clicked, this, [this] {
+        music_.Stop();
+        ShowChannels();
+    });
+    connect(cmdPrevious_, &QPushButton::clicked, this, [this] {
+        music_.Previous();
+        ShowChannels();
+    });
+    connect(cmdNext_, &QPushButton::clicked, this, [this] {
+        music_.Next();
+        ShowChannels();
+    });
+    // The music's volume is the CD's too: both are the music beside the flight.
+    connect(musicControls.volume, &QSlider::valueChanged, this, [this](int percent) {
+        music_.SetVolume(percent);
+        doors_.cd->SetVolume(percent);
+    });
+    connect(cmdMusicOrder_, &QPushButton::clicked, this, &frmSound::cmdMusicOrder_Click);
 
     Form_Load();
 }
@@ -109,8 +247,27 @@ frmSound::~frmSound()
 void frmSound::Form_Load()
 {
     PlayButtonSound(services_, SoundSourcesOf(state_));
+
+    const CloudIniSettings& settings = state_.settings;
+    for (std::size_t i = 0; i < channels_.size(); ++i) {
+        channels_[i].SetFolder(state_.checks.SoundChannelFolders[i]);
+        channelControls_[i].interval->setValue(settings.SoundIntvl[i]);
+        channels_[i].SetInterval(settings.SoundIntvl[i]);
+    }
+    music_.SetList(settings.MusicFiles);
+    for (std::size_t i = 0; i < channelControls_.size(); ++i) {
+        // Set even where the slider already shows the value, so the player hears it too.
+        channelControls_[i].volume->setValue(settings.SoundVol[i]);
+        if (i < channels_.size())
+            channels_[i].SetVolume(settings.SoundVol[i]);
+    }
+    music_.SetVolume(settings.SoundVol[2]);
+    doors_.cd->SetVolume(settings.SoundVol[2]);
+
     cdPanel_.Form_Load();
     tmrCD_Timer();
+    ShowChannels();
+    tmrChannels_->start();
 }
 
 void frmSound::closeEvent(QCloseEvent* event)
@@ -124,8 +281,37 @@ void frmSound::Form_Unload()
     if (unloaded_)
         return;
     unloaded_ = true;
+    CloseMusicOrder();
     tmrCD_->stop();
+    tmrChannels_->stop();
     cdPanel_.Form_Unload();
+    for (SoundChannel& channel : channels_)
+        channel.Stop();
+    music_.Stop();
+    SaveSettings();
+}
+
+void frmSound::SaveSettings()
+{
+    CloudIniSettings& settings = state_.settings;
+    for (std::size_t i = 0; i < channels_.size(); ++i)
+        settings.SoundIntvl[i] = channels_[i].interval();
+    for (std::size_t i = 0; i < channels_.size(); ++i)
+        settings.SoundVol[i] = channels_[i].volume();
+    settings.SoundVol[2] = music_.volume();
+    settings.MusicFiles = music_.list();
+    // A cloud.ini someone else edited meanwhile is theirs: the main window says so and ends
+    // the program; nothing is written over their edit.
+    if (!state_.ini || state_.ini->ChangedByOthers())
+        return;
+    SoundWindowSettings written;
+    written.intervals = settings.SoundIntvl;
+    written.volumes = settings.SoundVol;
+    written.lastMusicPath = settings.LastMusicPath;
+    written.musicFiles = settings.MusicFiles;
+    WriteSoundWindowSettings(*state_.ini, written,
+                             IniFolders{state_.paths.ProgramPath, state_.paths.DataFolder},
+                             services_.registry);
 }
 
 void frmSound::tmrCD_Timer()
@@ -164,8 +350,57 @@ void frmSound::ShowCdControls()
         tmrCD_->start();
     else if (!shown.tmrCDEnabled && tmrCD_->isActive())
         tmrCD_->stop();
+    lblCdStatus_->setText(Text(CdStatusText(cd_, doors_.cd->AudioOutputProblem())));
+}
 
-    lblCdStatus_->setText(Text(CdStatusText(cd_, control_->AudioOutputProblem())));
+void frmSound::tmrChannels_Timer()
+{
+    for (SoundChannel& channel : channels_)
+        channel.Tick();
+    music_.Tick();
+    ShowChannels();
+}
+
+void frmSound::ShowChannels()
+{
+    for (std::size_t i = 0; i < channels_.size(); ++i) {
+        channelControls_[i].status->setText(Text(channels_[i].status()));
+        channelControls_[i].play->setEnabled(!channels_[i].playing());
+        channelControls_[i].stop->setEnabled(channels_[i].playing());
+    }
+    ChannelControls& music = channelControls_[2];
+    music.status->setText(Text(music_.status()));
+    music.play->setEnabled(!music_.playing());
+    music.stop->setEnabled(music_.playing());
+}
+
+void frmSound::cmdMusicOrder_Click()
+{
+    if (musicWindow_) {
+        musicWindow_->raise();
+        musicWindow_->activateWindow();
+        return;
+    }
+    musicWindow_ =
+        new frmMusic(services_.files, MusicOrder{music_.list(), state_.settings.LastMusicPath},
+                     state_.checks.SoundChannelFolders[2], this);
+    musicWindow_->setAttribute(Qt::WA_DeleteOnClose);
+    if (chooseMusicFiles)
+        musicWindow_->setFileChooser(chooseMusicFiles);
+    connect(musicWindow_, &QDialog::accepted, this, [this] {
+        const MusicOrder& order = musicWindow_->order();
+        state_.settings.LastMusicPath = order.lastMusicPath;
+        music_.SetList(order.files);
+        ShowChannels();
+    });
+    // Modal to this window only: the channels and the CD play on while the list is edited.
+    musicWindow_->open();
+}
+
+void frmSound::CloseMusicOrder()
+{
+    if (musicWindow_)
+        musicWindow_->close();
 }
 
 } // namespace vellumar
