@@ -17,7 +17,10 @@
 #include "sound/SoundFiles.h"
 #include "ui/Form1.h"
 #include "ui/frmMusic.h"
+#include "ui/frmSound.h"
 
+#include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
@@ -29,6 +32,7 @@
 #include <QPainter>
 #include <QProgressBar>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QStyleFactory>
 #include <QTest>
 #include <QWindow>
@@ -295,6 +299,30 @@ int main(int argc, char** argv)
         Settle();
         saved &= Save(music.grab(), folder, "frmMusic.png");
         music.reject();
+    }
+    {
+        // The sound window from the Option menu: the demo's disc on its second track, and the
+        // first channel playing.
+        auto window = OpenWindow(program, false);
+        if (auto* sound = window->findChild<QAction*>(QStringLiteral("mnuSound")))
+            sound->trigger();
+        if (frmSound* opened = window->soundWindow()) {
+            opened->move(window->geometry().topLeft() + QPoint(160, 60));
+            Settle();
+            if (auto* track = opened->findChild<QScrollBar*>(QStringLiteral("hsvTrack")))
+                track->setValue(2);
+            for (const char* button : {"chkCD", "cmdPlay1", "cmdPlay3"})
+                if (auto* control =
+                        opened->findChild<QAbstractButton*>(QString::fromLatin1(button)))
+                    control->click();
+            opened->RunChannelTick();
+            Settle();
+            saved &= Save(opened->grab(), folder, "frmSound.png");
+            opened->close();
+            Settle();
+        } else {
+            saved = false;
+        }
     }
     {
         // The hidden random pick: the lists give way to a panel that keeps the set's name back.

@@ -22,6 +22,13 @@ std::string CdStatusText(const CD& cd, const std::string& audioOutputProblem)
         status = "No disc";
     else
         status = std::to_string(cd.CdTrackCount) + (cd.CdTrackCount == 1 ? " track" : " tracks");
+    // The length of the track shown, without its frames: "02:31:40" reads "2:31".
+    const auto track = static_cast<std::size_t>(cd.CdCurrentTrack);
+    if (cd.CdReady && track >= 1 && track <= cd.CdTrackLengths.size()) {
+        const std::string& length = cd.CdTrackLengths[track - 1];
+        if (length.size() >= 5 && length[2] == ':')
+            status += ", this one " + std::to_string(LeadingNumber(length)) + length.substr(2, 3);
+    }
     if (cd.CdReady && !audioOutputProblem.empty())
         status += " \u2014 " + audioOutputProblem;
     return status;

@@ -5,6 +5,7 @@
 #include "app/StartUpSequence.h"
 #include "common/Clock.h"
 #include "common/Services.h"
+#include "common/widgets/ClickableLabel.h"
 #include "common/widgets/Skin.h"
 #include "config/CloudIniFile.h"
 #include "sound/SoundWindowSettings.h"
@@ -106,8 +107,11 @@ frmSound::frmSound(Services& services, ProgramState& state, SoundWindowDoors doo
     chkRepeatCD_ = new QCheckBox(QStringLiteral("Repeat"));
     chkRepeatCD_->setObjectName(QStringLiteral("chkRepeatCD"));
     chkRepeatCD_->setToolTip(QStringLiteral("After the last track, play the disc again"));
-    lblTrack_ = new QLabel;
+    // The track in an instrument readout, as the main window shows its time.
+    lblTrack_ = new ReadoutLabel(skin::ReadoutAmber());
     lblTrack_->setObjectName(QStringLiteral("lblTrack"));
+    lblTrack_->setAlignment(Qt::AlignCenter);
+    lblTrack_->setMinimumSize(84, 26);
     ticks->addWidget(chkCD_);
     ticks->addWidget(chkRepeatCD_);
     ticks->addStretch();

@@ -46,6 +46,9 @@ TEST_F(CdPanelTest, ADiscIsOpenedReadAndShownTrackByTrack)
     EXPECT_EQ(shown.hsvTrackMax, 3);
     EXPECT_EQ(shown.hsvTrackValue, 1);
     EXPECT_EQ(shown.lblTrack, "Track01");
+    EXPECT_EQ(CdStatusText(cd, ""), "3 tracks, this one 1:30");
+    EXPECT_EQ(CdStatusText(cd, "no sound device"),
+              "3 tracks, this one 1:30 \u2014 no sound device");
 
     // Once read, a poll asks only where the disc is and what it does.
     control.replies["status cd position"] = "02:00:14:21";
@@ -156,6 +159,7 @@ TEST_F(CdPanelTest, NoDiscDisablesTheControlsAndADiscInsertedLaterEnablesThem)
     EXPECT_FALSE(shown.chkCD || shown.chkCDEnabled);
     EXPECT_EQ(cd.CdCurrentTrack, 0);
     EXPECT_EQ(shown.lblTrack, "Track**");
+    EXPECT_EQ(CdStatusText(cd, "no sound device"), "No disc");
     EXPECT_FALSE(cd.CdTrackListRead);
     EXPECT_TRUE(messages.empty()) << "the poll is silent";
 }
@@ -173,6 +177,7 @@ TEST_F(CdPanelTest, ADriveThatCannotBeOpenedIsTriedAgainEverySecond)
               (Commands{"status cd media present", "open cdaudio alias cd wait shareable"}));
     EXPECT_EQ(cd.LastError, 263u);
     EXPECT_EQ(shown.lblTrack, "Track**");
+    EXPECT_EQ(CdStatusText(cd, ""), "No CD drive");
 
     control.errors.clear();
     control.insertDisc(2);
