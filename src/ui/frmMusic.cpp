@@ -2,6 +2,7 @@
 
 #include "common/PathText.h"
 #include "common/cDialog_qt.h"
+#include "common/widgets/DialogKeys.h"
 #include "common/widgets/Skin.h"
 
 #include <QAbstractItemModel>
@@ -87,16 +88,7 @@ frmMusic::frmMusic(FileOperations& files, MusicOrder order, std::string channelF
     middle->addLayout(side);
     root->addLayout(middle, 1);
 
-    auto* keys = new QHBoxLayout;
-    keys->addStretch();
-    cmdOK_ = new QPushButton(QStringLiteral("OK"));
-    cmdOK_->setObjectName(QStringLiteral("cmdOK"));
-    cmdOK_->setDefault(true);
-    cmdCancel_ = new QPushButton(QStringLiteral("Cancel"));
-    cmdCancel_->setObjectName(QStringLiteral("cmdCancel"));
-    keys->addWidget(cmdOK_);
-    keys->addWidget(cmdCancel_);
-    root->addLayout(keys);
+    root->addLayout(DialogKeys(cmdOK_, cmdCancel_));
 
     connect(cmdAdd_, &QPushButton::clicked, this, &frmMusic::cmdAdd_Click);
     connect(cmdRemove_, &QPushButton::clicked, this, &frmMusic::cmdRemove_Click);

@@ -5,6 +5,7 @@
 #include "app/StartUpSequence.h"
 #include "common/MessageService.h"
 #include "common/Services.h"
+#include "common/widgets/DialogKeys.h"
 #include "common/widgets/Skin.h"
 #include "common/widgets/TickBox.h"
 #include "textures/TextureSetEntry.h"
@@ -81,16 +82,7 @@ frmRandSel::frmRandSel(Services& services, ProgramState& state, QWidget* parent)
         root->addWidget(list, 1);
     }
 
-    auto* keys = new QHBoxLayout;
-    keys->addStretch();
-    cmdOK_ = new QPushButton(QStringLiteral("OK"));
-    cmdOK_->setObjectName(QStringLiteral("cmdOK"));
-    cmdOK_->setDefault(true);
-    cmdCancel_ = new QPushButton(QStringLiteral("Cancel"));
-    cmdCancel_->setObjectName(QStringLiteral("cmdCancel"));
-    keys->addWidget(cmdOK_);
-    keys->addWidget(cmdCancel_);
-    root->addLayout(keys);
+    root->addLayout(DialogKeys(cmdOK_, cmdCancel_));
 
     mnuPopUp_ = new QMenu(this);
     mnuPopUp_->setObjectName(QStringLiteral("mnuPopUp"));
