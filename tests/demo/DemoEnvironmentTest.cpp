@@ -231,13 +231,27 @@ TEST_F(DemoEnvironmentTest, SetsHoldWhatTheSimulatorReadsAndNotesThatStayBehind)
     EXPECT_GE(options, 2);
 }
 
-TEST_F(DemoEnvironmentTest, TheSoundWindowFindsSomethingOnEveryChannel)
+TEST_F(DemoEnvironmentTest, TheSoundWindowFindsSomethingOnEveryChannelAndEveryPieceOfMusic)
 {
     for (const char* key : {"Ch1Path", "Ch2Path", "Ch3Path"}) {
         const std::string folder = home(IniValue(cloudIni(), "Sound", key));
         EXPECT_TRUE(fs::is_directory(folder)) << key;
         EXPECT_FALSE(fs::is_empty(folder)) << key;
     }
+    // Channel 2 has a choice to make, so its random turns can be heard.
+    EXPECT_GE(PlainFilesIn(home(IniValue(cloudIni(), "Sound", "Ch2Path"))).size(), 2u);
+
+    // The music list is read up to its first gap, and a file that is not there is skipped
+    // without a word: every key must name a file, one of them a playlist.
+    int pieces = 0, playlists = 0;
+    for (int n = 1; Ini(cloudIni(), "Sound", "MusicFile" + std::to_string(n)) != "<absent>"; ++n) {
+        const std::string piece = IniValue(cloudIni(), "Sound", "MusicFile" + std::to_string(n));
+        EXPECT_TRUE(fs::is_regular_file(piece)) << "MusicFile" << n << "=" << piece;
+        ++pieces;
+        playlists += EndsWith(piece, ".m3u");
+    }
+    EXPECT_GE(pieces, 3);
+    EXPECT_EQ(playlists, 1);
 }
 
 TEST_F(DemoEnvironmentTest, TheSimulatorHasItsOriginalsAndWindowsItsEventSounds)
@@ -443,6 +457,12 @@ TEST(DemoProgramTest, PrintsTheVariablesToExportAndRefusesWhatItMustNotTouch)
               std::string::npos)
         << printed;
     EXPECT_NE(printed.find("export VELLUMAR_HOME='" + JoinPath(folder, "home") + "'\n"),
+              std::string::npos);
+    const std::string cd = JoinPath(folder, Native("home/CD/Vellumar Demo.cue"));
+    EXPECT_NE(printed.find("export VELLUMAR_CD='" + cd + "'\n"), std::string::npos) << printed;
+    EXPECT_TRUE(fs::is_regular_file(cd));
+    EXPECT_NE(temp.read("demo with blanks/" + std::string(kDemoMarkerName))
+                  .find("export VELLUMAR_CD='" + cd + "'\r\n"),
               std::string::npos);
     std::istringstream lines(printed);
     for (std::string line; std::getline(lines, line);)

@@ -10,6 +10,11 @@
 #include "config/SystemFolders.h"
 #include "config/WinePrefix.h"
 #include "demo/DemoEnvironment.h"
+#include "sound/CdioDrive.h"
+#include "sound/CreatePlatformMediaControl.h"
+#include "sound/MediaControl.h"
+#include "sound/MusicList.h"
+#include "support/FakeClock.h"
 #include "support/TempFolder.h"
 #include "support/TestServices.h"
 #include "textures/SetCatalogue.h"
@@ -19,6 +24,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <map>
@@ -108,7 +115,13 @@ TEST_F(DemoStartUpTest, TheProgramStartsOnTheDemoWithoutASingleMessage)
     EXPECT_FALSE(state.checks.Sounds.AutoRandomSoundPath.empty());
     EXPECT_TRUE(fs::is_regular_file(state.checks.EditorPath));
     EXPECT_EQ(state.settings.SplashMode, "order");
-    EXPECT_EQ(state.settings.MusicFiles.size(), 1u);
+    // The music list as channel 3 plays it: the playlist's entries in its place.
+    EXPECT_EQ(state.settings.MusicFiles.size(), 3u);
+    std::vector<std::string> music;
+    for (const std::string& piece : ExpandMusicList(*files, *registry, state.settings.MusicFiles))
+        music.push_back(fs::path(piece).filename().string());
+    EXPECT_EQ(music, (std::vector<std::string>{"engine-drone.wav", "little-waltz.wav",
+                                               "tower-chime.wav", "wind.wav"}));
 
     // The library: every set loaded with a preview the window can show, the numbered series
     // as three, every category and every data type the program knows present.
@@ -132,6 +145,54 @@ TEST_F(DemoStartUpTest, TheProgramStartsOnTheDemoWithoutASingleMessage)
                                             "VC Rain", "Snow", "Autogen", "Unknown"}));
     EXPECT_TRUE(series);
     EXPECT_TRUE(outOfAutoRandom);
+}
+
+// The CD player on the disc that VELLUMAR_CD names, as the demo tells the user to set it.
+TEST_F(DemoStartUpTest, TheCdPlayerFindsTheDemosDiscOfThreeShortTunes)
+{
+    environment.set("VELLUMAR_CD", demo.cd);
+    test::FakeClock clock;
+    const std::unique_ptr<MediaControl> cd = CreatePlatformMediaControl(clock);
+    const auto send = [&cd](const std::string& command) {
+        std::string reply;
+        const std::uint32_t error = cd->SendString(command, reply);
+        return error ? "error " + std::to_string(error) + ": " + cd->ErrorText(error) : reply;
+    };
+    ASSERT_EQ(send("open cdaudio alias cd wait shareable"), "");
+    EXPECT_EQ(send("status cd media present wait"), "true");
+    EXPECT_EQ(send("status cd number of tracks wait"), "3");
+    EXPECT_EQ(send("set cd time format milliseconds wait"), "");
+    for (int track = 1; track <= 3; ++track) {
+        EXPECT_EQ(send("status cd type track " + std::to_string(track)), "audio");
+        const std::string length = send("status cd length track " + std::to_string(track));
+        EXPECT_TRUE(std::atoi(length.c_str()) >= 4000 && std::atoi(length.c_str()) <= 6000)
+            << "track " << track << ": " << length;
+    }
+    EXPECT_EQ(send("close cd wait"), "");
+
+    // What the player would hear: every track is a tune, not silence, and no two are the same.
+    const std::unique_ptr<CdDrive> drive = CreateCdioDrive(demo.cd);
+    drive->Refresh();
+    ASSERT_NE(drive->disc(), nullptr);
+    std::vector<std::vector<std::uint8_t>> tracks;
+    for (const CdDisc::Track& track : drive->disc()->tracks) {
+        std::vector<std::uint8_t>& audio = tracks.emplace_back(
+            static_cast<std::size_t>(track.sectorCount) * CdDisc::BytesPerSector);
+        ASSERT_TRUE(drive->ReadAudio(track.firstSector, track.sectorCount, audio.data()));
+        int loudest = 0;
+        for (std::size_t i = 0; i + 1 < audio.size(); i += 2)
+            loudest = std::max(loudest,
+                               std::abs(static_cast<std::int16_t>(audio[i] | audio[i + 1] << 8)));
+        EXPECT_GT(loudest, 16000) << "track " << tracks.size();
+    }
+    ASSERT_EQ(tracks.size(), 3u);
+    const auto opening = [&tracks](std::size_t track) {
+        return std::vector<std::uint8_t>(tracks[track].begin(),
+                                         tracks[track].begin() + 75 * CdDisc::BytesPerSector);
+    };
+    EXPECT_NE(opening(0), opening(1));
+    EXPECT_NE(opening(1), opening(2));
+    EXPECT_NE(opening(0), opening(2));
 }
 
 TEST_F(DemoStartUpTest, WineFindsDriveCAndTheUsersFolders)

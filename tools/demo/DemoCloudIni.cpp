@@ -107,7 +107,10 @@ std::string DemoCloudIni(std::string_view defaultIni, const DemoIniPaths& paths)
         {"AutoRandomSound", "Beep", "on"},
         {"AutoRandomSound", "File", JoinPath(sound, "autorandom.wav")},
         {"Sound", "LastMusicPath", JoinPath(sound, "Ch1")},
+        // The music list: a file from each channel's folder and a playlist of two more.
         {"Sound", "MusicFile1", JoinPath(JoinPath(sound, "Ch1"), "engine-drone.wav")},
+        {"Sound", "MusicFile2", JoinPath(JoinPath(sound, "Ch3"), "little-waltz.wav")},
+        {"Sound", "MusicFile3", JoinPath(JoinPath(sound, "Ch3"), "evening.m3u")},
         // A Windows path, found through the prefix's drive C:.
         {"Editor", "Path", "C:\\windows\\notepad.exe"},
         {"LastInstalled", "NumberOfDisp", "5"},

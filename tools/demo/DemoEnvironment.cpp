@@ -2,6 +2,7 @@
 
 #include "common/FileOperations.h"
 #include "common/PathText.h"
+#include "demo/DemoCd.h"
 #include "demo/DemoCloudIni.h"
 #include "demo/DemoFolderWriter.h"
 #include "demo/DemoHome.h"
@@ -54,6 +55,7 @@ std::string MarkerText(const DemoOutcome& outcome)
            "Built by vellumar-cli demo. To use it:\n\n"
            "    export WINEPREFIX=" +
            ShellQuoted(outcome.prefix) + "\n    export VELLUMAR_HOME=" + ShellQuoted(outcome.home) +
+           "\n    export VELLUMAR_CD=" + ShellQuoted(outcome.cd) +
            "\n\n"
            "Running vellumar-cli demo on this folder again rebuilds the demo: it replaces\n"
            "prefix/, home/ and this file, and leaves everything else alone.\n"
@@ -86,6 +88,8 @@ DemoOutcome BuildDemoEnvironment(FileOperations& files, const DemoOptions& optio
     outcome.folder = AbsoluteFolder(options.folder);
     outcome.prefix = JoinPath(outcome.folder, kPrefixName);
     outcome.home = JoinPath(outcome.folder, kHomeName);
+    outcome.cd = JoinPath(JoinPath(outcome.home, demo::kDemoCdFolder),
+                          std::string(demo::kDemoCdName) + ".cue");
 
     if (const std::optional<std::uint32_t> attributes = files.attributes(outcome.folder)) {
         if (!(*attributes & FileAttribute::Directory)) {

@@ -24,6 +24,7 @@ struct DemoOutcome {
     std::string folder;             // absolute
     std::string prefix;             // folder/prefix: the WINEPREFIX to use
     std::string home;               // folder/home: the VELLUMAR_HOME to use
+    std::string cd;                 // the demo's disc image (a .cue): the VELLUMAR_CD to use
     bool replaced = false;          // an earlier demo (or, forced, other files) was replaced
     std::vector<std::string> notes; // things that did not work out but spoil nothing
     int files = 0;
@@ -35,10 +36,11 @@ inline constexpr std::string_view kDemoMarkerName = "vellumar-demo.txt";
 inline constexpr std::string_view kDemoMarkerSignature = "Vellumar demo environment";
 
 // Builds the demo environment in `options.folder`: a Wine prefix with a stand-in simulator in
-// "prefix" and a program folder with a texture library in "home". A missing or empty folder is
-// used as it is; a folder with an earlier demo has the demo's own entries (prefix, home and
-// the marker file) replaced; any other non-empty folder is refused unless forced, and even
-// then only those three entries are replaced. Deterministic: two builds write the same bytes.
+// "prefix" and a program folder with a texture library, sounds and an audio CD image in "home". A
+// missing or empty folder is used as it is; a folder with an earlier demo has the demo's own
+// entries (prefix, home and the marker file) replaced; any other non-empty folder is refused unless
+// forced, and even then only those three entries are replaced. Deterministic: two builds write the
+// same bytes.
 DemoOutcome BuildDemoEnvironment(FileOperations& files, const DemoOptions& options);
 
 // A word as a POSIX shell reads it back unchanged: as it is when it holds only characters

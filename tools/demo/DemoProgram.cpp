@@ -31,7 +31,8 @@ int RunDemoProgram(const std::string& folder, bool force, FileOperations& files,
         << outcome.folder << ": " << outcome.files << " files, " << tenths / 10 << '.'
         << tenths % 10 << " MB; see home/help/index.html\n"
         << "export WINEPREFIX=" << ShellQuoted(outcome.prefix) << '\n'
-        << "export VELLUMAR_HOME=" << ShellQuoted(outcome.home) << '\n';
+        << "export VELLUMAR_HOME=" << ShellQuoted(outcome.home) << '\n'
+        << "export VELLUMAR_CD=" << ShellQuoted(outcome.cd) << '\n';
     return 0;
 }
 

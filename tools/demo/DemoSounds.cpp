@@ -73,6 +73,154 @@ void FadeOut(std::vector<float>& samples, int rate)
         samples[samples.size() - 1 - i] *= static_cast<float>(i) / static_cast<float>(fade);
 }
 
+// A note of a tune: when it starts and how long it is held (in beats), which it is (a MIDI
+// key number: 60 is middle C, 69 the A of 440 Hz), how loud, and where between the speakers
+// (-1 left, 1 right; a mono tune ignores it).
+struct Note {
+    double beat;
+    int key;
+    double length;
+    double loudness;
+    double pan = 0;
+};
+
+double Frequency(int key)
+{
+    return 440.0 * std::pow(2.0, (key - 69) / 12.0);
+}
+
+// The instruments of the demo's tunes.
+enum class Voice {
+    Bell,     // struck, with inharmonic partials, rings on
+    SoftTone, // a gentle held tone with a little vibrato, like a recorder
+    Pluck,    // a plucked string: bright at first, soon mellow
+    MusicBox, // a tine: a pure tone with a short metallic ping
+};
+
+// How long after its start a note still sounds, in seconds.
+double Sounding(Voice voice, double held)
+{
+    switch (voice) {
+    case Voice::Bell:
+        return 2.5;
+    case Voice::SoftTone:
+        return held + 0.15;
+    case Voice::Pluck:
+        return 1.5;
+    case Voice::MusicBox:
+        return 2.0;
+    }
+    return held;
+}
+
+// The voice `t` seconds into a note of `frequency` held for `held` seconds, about -1 to 1.
+double VoiceSample(Voice voice, double frequency, double t, double held)
+{
+    const double attack = std::min(1.0, t * 500);
+    const double w = kTwoPi * frequency * t;
+    switch (voice) {
+    case Voice::Bell: {
+        const double decay = std::exp(-t * 3.2);
+        return attack * decay *
+               (std::sin(w) + 0.35 * std::sin(2.76 * w) * decay +
+                0.15 * std::sin(5.40 * w) * decay * decay);
+    }
+    case Voice::SoftTone: {
+        const double swell = std::min(1.0, t / 0.06);
+        const double release = t <= held ? 1.0 : std::max(0.0, 1.0 - (t - held) / 0.15);
+        const double phase = w + 0.6 * std::sin(kTwoPi * 5 * t);
+        return swell * release *
+               (std::sin(phase) + 0.3 * std::sin(2 * phase) + 0.1 * std::sin(3 * phase));
+    }
+    case Voice::Pluck: {
+        double value = 0;
+        for (int k = 1; k <= 5; ++k)
+            value += std::sin(k * w) * std::exp(-t * (2.0 + 1.5 * k)) / k;
+        return attack * value;
+    }
+    case Voice::MusicBox:
+        return attack * std::exp(-t * 2.5) *
+               (std::sin(w) + 0.5 * std::sin(4 * w) * std::exp(-t * 8));
+    }
+    return 0;
+}
+
+// A tune being written: notes of several voices mixed into two channels, or one.
+class Tune {
+public:
+    Tune(std::size_t frames, int rate, bool stereo)
+        : rate_(rate)
+        , left_(frames, 0.0f)
+        , right_(stereo ? frames : 0, 0.0f)
+    {}
+
+    // Plays `notes` on `voice`, a beat lasting `secondsPerBeat`.
+    void play(Voice voice, double secondsPerBeat, const std::vector<Note>& notes)
+    {
+        for (const Note& note : notes) {
+            const double held = note.length * secondsPerBeat;
+            const auto first = static_cast<std::size_t>(note.beat * secondsPerBeat * rate_);
+            const std::size_t end = std::min(
+                left_.size(), first + static_cast<std::size_t>(Sounding(voice, held) * rate_));
+            const double frequency = Frequency(note.key);
+            // Equal power between the speakers.
+            const double angle = (std::clamp(note.pan, -1.0, 1.0) + 1) * std::numbers::pi / 4;
+            const double toLeft = right_.empty() ? 1.0 : std::cos(angle);
+            const double toRight = std::sin(angle);
+            for (std::size_t i = first; i < end; ++i) {
+                const double value =
+                    note.loudness *
+                    VoiceSample(voice, frequency, static_cast<double>(i - first) / rate_, held);
+                left_[i] += static_cast<float>(value * toLeft);
+                if (!right_.empty())
+                    right_[i] += static_cast<float>(value * toRight);
+            }
+        }
+    }
+
+    // Brings the loudest moment to `peak`, and fades in over a few milliseconds and out over
+    // the last `fadeOut` seconds, so that the tune neither clicks nor stops dead.
+    void finish(float peak, double fadeOut)
+    {
+        float loudest = 0;
+        for (const std::vector<float>* channel : {&left_, &right_})
+            for (float sample : *channel)
+                loudest = std::max(loudest, std::abs(sample));
+        const std::size_t in = static_cast<std::size_t>(rate_ / 200);
+        const std::size_t out = std::min(left_.size(), static_cast<std::size_t>(fadeOut * rate_));
+        for (std::vector<float>* channel : {&left_, &right_}) {
+            const std::size_t size = channel->size();
+            for (std::size_t i = 0; i < size; ++i) {
+                float gain = loudest > 0 ? peak / loudest : 0.0f;
+                if (i < in)
+                    gain *= static_cast<float>(i) / static_cast<float>(in);
+                if (size - i <= out)
+                    gain *= static_cast<float>(size - 1 - i) / static_cast<float>(out);
+                (*channel)[i] *= gain;
+            }
+        }
+    }
+
+    const std::vector<float>& mono() const { return left_; }
+
+    // As a disc holds it: 16-bit samples, little-endian, left then right.
+    std::string interleaved() const
+    {
+        std::string out;
+        out.reserve(left_.size() * 4);
+        for (std::size_t i = 0; i < left_.size(); ++i)
+            for (float sample : {left_[i], right_.empty() ? left_[i] : right_[i]})
+                PutU16(out, static_cast<std::uint16_t>(static_cast<std::int16_t>(
+                                std::lround(std::clamp(sample, -1.0f, 1.0f) * 32767.0f))));
+        return out;
+    }
+
+private:
+    int rate_;
+    std::vector<float> left_;
+    std::vector<float> right_;
+};
+
 } // namespace
 
 std::string EncodeWave(const std::vector<float>& samples, int sampleRate)
@@ -191,6 +339,137 @@ std::string ChannelWave(int channel)
     }
     FadeOut(samples, kLowRate);
     return EncodeWave(samples, kLowRate);
+}
+
+std::string RainWave()
+{
+    std::vector<float> samples = Silence(3.0, kLowRate);
+    Noise noise(0x7A1);
+    // A soft hiss: the difference of noise and its smoothed self leaves the high part.
+    double smooth = 0;
+    for (float& sample : samples) {
+        const double white = noise.next();
+        smooth = 0.7 * smooth + 0.3 * white;
+        sample = static_cast<float>(0.12 * (white - smooth));
+    }
+    // Drops at random moments, some near and loud, most far and faint.
+    for (double start = 0.01; start < 2.9; start += 0.01 + 0.05 * (noise.next() + 1)) {
+        const double frequency = 2700 + 900 * noise.next();
+        const double loudness = 0.3 + 0.2 * noise.next() * noise.next();
+        const auto first = static_cast<std::size_t>(start * kLowRate);
+        const std::size_t end = std::min(samples.size(), first + kLowRate / 20);
+        for (std::size_t i = first; i < end; ++i) {
+            const double t = static_cast<double>(i - first) / kLowRate;
+            samples[i] += static_cast<float>(loudness * std::exp(-t * 90) *
+                                             std::sin(kTwoPi * frequency * t * (1 - 2 * t)));
+        }
+    }
+    const std::size_t in = kLowRate / 4;
+    for (std::size_t i = 0; i < in; ++i)
+        samples[i] *= static_cast<float>(i) / static_cast<float>(in);
+    for (std::size_t i = 0; i < in; ++i)
+        samples[samples.size() - 1 - i] *= static_cast<float>(i) / static_cast<float>(in);
+    return EncodeWave(samples, kLowRate);
+}
+
+std::string LittleWaltzWave()
+{
+    // Four bars of three-four on bells, a bass bell on each bar's first beat. Kept below 800 Hz
+    // so that the bells' upper partials fit the low sample rate.
+    Tune tune(static_cast<std::size_t>(4.0 * kLowRate), kLowRate, false);
+    tune.play(Voice::Bell, 0.3,
+              {{0, 72, 1, 0.5},
+               {1, 76, 1, 0.4},
+               {2, 79, 1, 0.4},
+               {3, 77, 2, 0.5},
+               {5, 76, 1, 0.4},
+               {6, 74, 1, 0.5},
+               {7, 76, 1, 0.4},
+               {8, 74, 1, 0.4},
+               {9, 72, 3, 0.55}});
+    tune.play(Voice::Bell, 0.3,
+              {{0, 48, 3, 0.35}, {3, 53, 3, 0.35}, {6, 55, 3, 0.35}, {9, 48, 3, 0.4}});
+    tune.finish(0.8f, 0.4);
+    return EncodeWave(tune.mono(), kLowRate);
+}
+
+std::string CdTrackAudio(int number)
+{
+    constexpr int kCdRate = 44100;
+    constexpr std::size_t kFramesPerSector = 588;
+    // 4, 5 and about 4.5 seconds: whole sectors of 1/75 second.
+    const std::size_t sectors = number == 1 ? 300 : number == 2 ? 375 : 338;
+    Tune tune(sectors * kFramesPerSector, kCdRate, true);
+    if (number == 1) { // morning bells: a rising pentatonic peal, left and right in turn
+        tune.play(Voice::Bell, 0.25,
+                  {{0, 72, 1, 0.5, -0.6},
+                   {1, 76, 1, 0.45, 0.6},
+                   {2, 79, 1, 0.45, -0.6},
+                   {3, 84, 1, 0.5, 0.6},
+                   {4, 81, 1, 0.45, -0.6},
+                   {5, 79, 1, 0.45, 0.6},
+                   {6, 76, 1, 0.45, -0.6},
+                   {7, 79, 1, 0.45, 0.6},
+                   {8, 74, 1, 0.45, -0.6},
+                   {9, 76, 1, 0.45, 0.6},
+                   {10, 72, 2, 0.55, 0}});
+        tune.play(
+            Voice::Bell, 0.25,
+            {{0, 48, 4, 0.4, 0}, {4, 45, 4, 0.4, 0}, {8, 43, 2, 0.4, 0}, {10, 36, 2, 0.45, 0}});
+    } else if (number == 2) { // a waltz: soft tones over a plucked bass and chords
+        tune.play(Voice::SoftTone, 0.38,
+                  {{0, 67, 2, 0.4, 0.1},
+                   {2, 71, 1, 0.4, 0.1},
+                   {3, 74, 2, 0.4, 0.1},
+                   {5, 72, 1, 0.4, 0.1},
+                   {6, 71, 1, 0.4, 0.1},
+                   {7, 69, 1, 0.4, 0.1},
+                   {8, 67, 1, 0.4, 0.1},
+                   {9, 69, 1, 0.4, 0.1},
+                   {10, 66, 1, 0.4, 0.1},
+                   {11, 67, 0.9, 0.45, 0.1}});
+        tune.play(Voice::Pluck, 0.38,
+                  {{0, 43, 3, 0.5, -0.4},
+                   {3, 50, 3, 0.5, -0.4},
+                   {6, 48, 3, 0.5, -0.4},
+                   {9, 50, 2, 0.5, -0.4},
+                   {11, 43, 1, 0.55, -0.4}});
+        const int chords[4][3] = {{55, 59, 62}, {54, 57, 62}, {55, 60, 64}, {54, 57, 60}};
+        std::vector<Note> strums;
+        for (int bar = 0; bar < 4; ++bar)
+            for (int beat = 1; beat <= 2; ++beat)
+                for (int key : chords[bar])
+                    strums.push_back({bar * 3.0 + beat, key, 1, 0.16, 0.5});
+        tune.play(Voice::Pluck, 0.38, strums);
+    } else { // a music box at night, in A minor, over a quiet held chord
+        tune.play(Voice::MusicBox, 0.3,
+                  {{0, 76, 1, 0.45, 0.3},
+                   {1, 81, 1, 0.45, 0.3},
+                   {2, 84, 1, 0.45, 0.3},
+                   {3, 83, 1, 0.45, 0.3},
+                   {4, 81, 1, 0.45, 0.3},
+                   {5, 76, 1, 0.45, 0.3},
+                   {6, 77, 1, 0.45, 0.3},
+                   {7, 76, 1, 0.45, 0.3},
+                   {8, 74, 1, 0.45, 0.3},
+                   {9, 72, 1, 0.45, 0.3},
+                   {10, 71, 1, 0.45, 0.3},
+                   {11, 69, 3, 0.5, 0.3}});
+        std::vector<Note> pad;
+        const struct {
+            double beat, length;
+            int keys[3];
+        } chords[] = {{0, 4, {57, 60, 64}},
+                      {4, 4, {53, 57, 60}},
+                      {8, 3, {52, 56, 59}},
+                      {11, 3.5, {45, 57, 60}}};
+        for (const auto& chord : chords)
+            for (int i = 0; i < 3; ++i)
+                pad.push_back({chord.beat, chord.keys[i], chord.length, 0.1, -0.6 + 0.3 * i});
+        tune.play(Voice::SoftTone, 0.3, pad);
+    }
+    tune.finish(0.8f, 0.3);
+    return tune.interleaved();
 }
 
 } // namespace vellumar::demo
