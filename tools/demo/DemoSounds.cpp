@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <map>
 #include <numbers>
 #include <string>
 
@@ -92,57 +93,85 @@ double Frequency(int key)
 // The instruments of the demo's tunes.
 enum class Voice {
     Bell,     // struck, with inharmonic partials, rings on
-    SoftTone, // a gentle held tone with a little vibrato, like a recorder
+    SoftTone, // a gentle held tone with a little tremolo, like a recorder
     Pluck,    // a plucked string: bright at first, soon mellow
     MusicBox, // a tine: a pure tone with a short metallic ping
 };
 
-// How long after its start a note still sounds, in seconds.
-double Sounding(Voice voice, double held)
+// A voice is a sum of sine partials, each dying away at its own rate.
+struct Partial {
+    double multiple; // of the note's frequency
+    double amplitude;
+    double decay; // per second: the partial falls to 1/e in 1/decay seconds; 0 holds it
+};
+
+std::vector<Partial> PartialsOf(Voice voice)
 {
     switch (voice) {
     case Voice::Bell:
-        return 2.5;
+        return {{1, 1, 3.2}, {2.76, 0.35, 6.4}, {5.40, 0.15, 9.6}};
     case Voice::SoftTone:
-        return held + 0.15;
+        return {{1, 1, 0}, {2, 0.3, 0}, {3, 0.1, 0}};
     case Voice::Pluck:
-        return 1.5;
+        return {{1, 1, 3.5}, {2, 0.5, 5}, {3, 0.33, 6.5}, {4, 0.25, 8}, {5, 0.2, 9.5}};
     case Voice::MusicBox:
-        return 2.0;
+        return {{1, 1, 2.5}, {4, 0.5, 10.5}};
     }
-    return held;
+    return {};
 }
 
-// The voice `t` seconds into a note of `frequency` held for `held` seconds, about -1 to 1.
-double VoiceSample(Voice voice, double frequency, double t, double held)
+// How long after its start a note still sounds, in seconds.
+double Sounding(Voice voice, double held)
 {
-    const double attack = std::min(1.0, t * 500);
-    const double w = kTwoPi * frequency * t;
-    switch (voice) {
-    case Voice::Bell: {
-        const double decay = std::exp(-t * 3.2);
-        return attack * decay *
-               (std::sin(w) + 0.35 * std::sin(2.76 * w) * decay +
-                0.15 * std::sin(5.40 * w) * decay * decay);
+    return voice == Voice::SoftTone ? held + 0.15 : voice == Voice::Pluck ? 1.5 : 2.5;
+}
+
+// One note of `voice`, held for `held` seconds, from its start until it has died away. The
+// partials turn as phasors and decay by a factor per sample, so that seconds of audio cost no
+// sine or exponential per sample: the whole demo is built in well under a second.
+std::vector<float> RenderNote(Voice voice, double frequency, double held, int rate)
+{
+    std::vector<float> note(static_cast<std::size_t>(Sounding(voice, held) * rate), 0.0f);
+    for (const Partial& partial : PartialsOf(voice)) {
+        const double step = kTwoPi * frequency * partial.multiple / rate;
+        if (step >= std::numbers::pi)
+            continue; // above half the sample rate: it would fold back as a false tone
+        const double turnCos = std::cos(step), turnSin = std::sin(step);
+        const double fade = std::exp(-partial.decay / rate);
+        // Until it has faded to a thousandth, well below anything else sounding.
+        const std::size_t length =
+            partial.decay > 0
+                ? std::min(note.size(),
+                           static_cast<std::size_t>(std::log(1000 * partial.amplitude) /
+                                                    partial.decay * rate))
+                : note.size();
+        double c = 1, s = 0, level = partial.amplitude;
+        for (std::size_t i = 0; i < length; ++i) {
+            note[i] += static_cast<float>(level * s);
+            const double nextC = c * turnCos - s * turnSin;
+            s = s * turnCos + c * turnSin;
+            c = nextC;
+            level *= fade;
+        }
     }
-    case Voice::SoftTone: {
-        const double swell = std::min(1.0, t / 0.06);
-        const double release = t <= held ? 1.0 : std::max(0.0, 1.0 - (t - held) / 0.15);
-        const double phase = w + 0.6 * std::sin(kTwoPi * 5 * t);
-        return swell * release *
-               (std::sin(phase) + 0.3 * std::sin(2 * phase) + 0.1 * std::sin(3 * phase));
+    // The shape of the note: a quick strike, or for a held tone a swell, a tremolo of 5 Hz and
+    // a release.
+    const double tremoloCos = std::cos(kTwoPi * 5 / rate);
+    const double tremoloSin = std::sin(kTwoPi * 5 / rate);
+    double c = 1, s = 0;
+    for (std::size_t i = 0; i < note.size(); ++i) {
+        const double t = static_cast<double>(i) / rate;
+        double shape = t < 0.002 ? t * 500 : 1.0;
+        if (voice == Voice::SoftTone) {
+            shape = std::min(1.0, t / 0.06) *
+                    (t <= held ? 1.0 : std::max(0.0, 1.0 - (t - held) / 0.15)) * (1 + 0.08 * s);
+            const double nextC = c * tremoloCos - s * tremoloSin;
+            s = s * tremoloCos + c * tremoloSin;
+            c = nextC;
+        }
+        note[i] = static_cast<float>(shape * note[i]);
     }
-    case Voice::Pluck: {
-        double value = 0;
-        for (int k = 1; k <= 5; ++k)
-            value += std::sin(k * w) * std::exp(-t * (2.0 + 1.5 * k)) / k;
-        return attack * value;
-    }
-    case Voice::MusicBox:
-        return attack * std::exp(-t * 2.5) *
-               (std::sin(w) + 0.5 * std::sin(4 * w) * std::exp(-t * 8));
-    }
-    return 0;
+    return note;
 }
 
 // A tune being written: notes of several voices mixed into two channels, or one.
@@ -154,27 +183,30 @@ public:
         , right_(stereo ? frames : 0, 0.0f)
     {}
 
-    // Plays `notes` on `voice`, a beat lasting `secondsPerBeat`.
+    // Plays `notes` on `voice`, a beat lasting `secondsPerBeat`. A note that comes again is
+    // rendered once.
     void play(Voice voice, double secondsPerBeat, const std::vector<Note>& notes)
     {
+        std::map<std::pair<int, double>, std::vector<float>> rendered;
         for (const Note& note : notes) {
-            const double held = note.length * secondsPerBeat;
+            auto [known, fresh] = rendered.try_emplace({note.key, note.length});
+            if (fresh)
+                known->second =
+                    RenderNote(voice, Frequency(note.key), note.length * secondsPerBeat, rate_);
+            const std::vector<float>& sound = known->second;
             const auto first = static_cast<std::size_t>(note.beat * secondsPerBeat * rate_);
-            const std::size_t end = std::min(
-                left_.size(), first + static_cast<std::size_t>(Sounding(voice, held) * rate_));
-            const double frequency = Frequency(note.key);
+            const std::size_t count =
+                std::min(sound.size(), left_.size() - std::min(first, left_.size()));
             // Equal power between the speakers.
             const double angle = (std::clamp(note.pan, -1.0, 1.0) + 1) * std::numbers::pi / 4;
-            const double toLeft = right_.empty() ? 1.0 : std::cos(angle);
-            const double toRight = std::sin(angle);
-            for (std::size_t i = first; i < end; ++i) {
-                const double value =
-                    note.loudness *
-                    VoiceSample(voice, frequency, static_cast<double>(i - first) / rate_, held);
-                left_[i] += static_cast<float>(value * toLeft);
-                if (!right_.empty())
-                    right_[i] += static_cast<float>(value * toRight);
-            }
+            const auto toLeft = static_cast<float>(
+                right_.empty() ? note.loudness : note.loudness * std::cos(angle));
+            const auto toRight = static_cast<float>(note.loudness * std::sin(angle));
+            for (std::size_t i = 0; i < count; ++i)
+                left_[first + i] += sound[i] * toLeft;
+            if (!right_.empty())
+                for (std::size_t i = 0; i < count; ++i)
+                    right_[first + i] += sound[i] * toRight;
         }
     }
 
