@@ -1,7 +1,8 @@
 // vellumar-screenshots OUTDIR: starts the main window the way the program does (on the
-// installation named by VELLUMAR_HOME and WINEPREFIX, normally a demo) and saves pictures of
-// its layouts, a chosen filter, the open menus, a hidden random pick and the program's own
-// message box. Run it under a display, e.g. Xvfb:
+// installation named by VELLUMAR_HOME and WINEPREFIX, normally a demo, with the disc that
+// VELLUMAR_CD names) and saves pictures of its layouts, a chosen filter, the open menus, a
+// hidden random pick, the sound and music windows and the program's own message box. Run it
+// under a display, e.g. Xvfb:
 //   xvfb-run -a vellumar-screenshots docs/screenshots
 
 #include "app/ScreenFacts_qt.h"
