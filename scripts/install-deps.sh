@@ -5,7 +5,7 @@
 #
 #   build        compilers, CMake, Qt 6 with its GStreamer plugins (the bad ones and a General
 #                MIDI soundfont play MIDI files), giflib, libcdio (audio CDs and disc images),
-#                GoogleTest, Google Benchmark and CLI11 (the default)
+#                GoogleTest, Google Benchmark, CLI11 and libcrypto (SHA-256) (the default)
 #   windows      the MinGW-w64 cross compiler, Wine and CLI11, for the Windows test suite
 #   fuzz         clang and its sanitizer runtimes, for the libFuzzer targets
 #   screenshots  Xvfb and ImageMagick, for screenshots of the windows
@@ -15,7 +15,7 @@ declare -A groups=(
     [build]="cmake ninja-build g++ pkg-config ccache qt6-base-dev qt6-multimedia-dev
              gstreamer1.0-plugins-base gstreamer1.0-plugins-good libgtest-dev googletest
              libbenchmark-dev libcli11-dev libgif-dev libcdio-dev gstreamer1.0-plugins-bad
-             timgm6mb-soundfont"
+             timgm6mb-soundfont libssl-dev"
     [windows]="cmake ninja-build g++-mingw-w64-x86-64-posix wine64 wine googletest libcli11-dev
                xvfb xauth"
     [fuzz]="clang libclang-rt-14-dev"

@@ -51,6 +51,7 @@ int main(int argc, char** argv)
     ProgramState state;
     if (RunStartUpSequence(services, screen, state) == StartUpOutcome::EndProgram)
         return EXIT_FAILURE;
+    OfferInterruptedInstallAtStart(services, state);
 
     Form1 window(services, state, screen);
     messages.setMainWindow(&window);

@@ -4,6 +4,7 @@
 #include "common/FileHelpers.h"
 #include "common/FileOperations.h"
 #include "common/MessageService.h"
+#include "common/OriginalsGuard.h"
 #include "common/PathText.h"
 #include "common/ReplaceFile.h"
 #include "common/ResultText.h"
@@ -11,6 +12,8 @@
 #include "config/GetSystemFolders.h"
 #include "config/SystemFolders.h"
 #include "textures/Install.h"
+#include "textures/InterruptedInstall.h"
+#include "textures/TextureFolders.h"
 
 namespace vellumar {
 
@@ -82,8 +85,18 @@ LoadOutcome optFs_Click(Services& services, const ScreenFacts& screen, ProgramSt
     paths.FsIndex = index;
     paths.FsPath = paths.FsPaths[static_cast<std::size_t>(index)];
     paths.FsTexturePath = JoinPath(paths.FsPath, "texture");
-    return LoadCloudIni(services, *state.ini, paths, screen.installedFonts, state.checks,
-                        state.settings);
+    const LoadOutcome outcome = LoadCloudIni(services, *state.ini, paths, screen.installedFonts,
+                                             state.checks, state.settings);
+    ProtectSimulatorFiles(services.originals, paths);
+    return outcome;
+}
+
+void ProtectSimulatorFiles(OriginalsGuard& guard, const ProgramPaths& paths)
+{
+    // The simulator's folder and its per-user folder (where its configuration names the start
+    // situation); the data folder never counts, even where it lies inside the simulator's.
+    guard.protect({paths.FsPath, paths.FsUserFolder}, paths.DataFolder,
+                  OriginalsStore::FolderIn(paths.DataFolder));
 }
 
 StartUpOutcome RunStartUpSequence(Services& services, const ScreenFacts& screen,
@@ -111,6 +124,16 @@ StartUpOutcome RunStartUpSequence(Services& services, const ScreenFacts& screen,
     BackUpSunEffectOnce(services, state.paths);
     RemoveInstallLeftovers(services.files, TextureFoldersOf(state.paths));
     return StartUpOutcome::Continue;
+}
+
+InterruptedInstallChoice OfferInterruptedInstallAtStart(Services& services,
+                                                        const ProgramState& state)
+{
+    OriginalsStore* store = services.originals.store();
+    if (!store)
+        return InterruptedInstallChoice::None;
+    TextureServices textures{services.messages, services.files, services.events, services.clock};
+    return OfferInterruptedInstall(textures, *store, state.paths.DataFolder);
 }
 
 } // namespace vellumar

@@ -4,12 +4,14 @@
 #include "app/DataFolderChecks.h"
 #include "config/CloudIniFile.h"
 #include "config/ProgramPaths.h"
+#include "textures/InterruptedInstall.h"
 
 #include <memory>
 
 namespace vellumar {
 
 class FileOperations;
+class OriginalsGuard;
 struct Services;
 
 // Everything the start-up finds out, kept for the whole run.
@@ -33,6 +35,11 @@ struct ScreenFacts {
 StartUpOutcome RunStartUpSequence(Services& services, const ScreenFacts& screen,
                                   ProgramState& state);
 
+// After the start-up: an install that a crash or a kill cut off is named, and the user chooses
+// to complete it or to put the originals back (see OfferInterruptedInstall).
+InterruptedInstallChoice OfferInterruptedInstallAtStart(Services& services,
+                                                        const ProgramState& state);
+
 // True when the screen runs at 96 logical pixels per inch, the small-fonts setting.
 bool IsSmallFontScreen(int logicalDpiY);
 
@@ -43,7 +50,11 @@ std::string IniFileProblem(FileOperations& files, const std::string& file);
 // Makes cloud.ini writable and records its time stamp; EndProgram when it is missing.
 StartUpOutcome CheckIniFile(Services& services, ProgramState& state);
 
-// Selects simulator folder `index` and loads its configuration.
+// From here on every change to the chosen simulator's files keeps their originals first, in
+// the data folder's originals store.
+void ProtectSimulatorFiles(OriginalsGuard& guard, const ProgramPaths& paths);
+
+// Selects simulator folder `index` and loads its configuration, and protects its files.
 LoadOutcome optFs_Click(Services& services, const ScreenFacts& screen, ProgramState& state,
                         int index);
 

@@ -4,6 +4,7 @@
 #include "cli/DemoCommand.h"
 #include "cli/IniCommands.h"
 #include "cli/MciCommand.h"
+#include "cli/OriginalsCommands.h"
 #include "cli/PlayCommand.h"
 #include "cli/SimulatorCommands.h"
 #include "cli/SystemCommands.h"
@@ -23,6 +24,7 @@ void AddAllCommands(CommandSet& commands)
     AddSystemCommands(commands);
     AddDemoCommand(commands);
     AddTextureCommands(commands);
+    AddOriginalsCommands(commands);
     AddSimulatorCommands(commands);
     AddAutoRandomCommands(commands);
     AddMciCommand(commands);

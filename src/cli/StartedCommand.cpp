@@ -11,10 +11,16 @@ StartedCommand::StartedCommand(CliContext& context)
     , services_(context.services)
 {}
 
-bool StartedCommand::startUp()
+bool StartedCommand::startUp(bool yes)
 {
     context_.setAnswers(ConsoleMessageService::Answers::Default);
-    return RunStartUpSequence(services_, ScreenFacts{}, state_) == StartUpOutcome::Continue;
+    if (RunStartUpSequence(services_, ScreenFacts{}, state_) != StartUpOutcome::Continue)
+        return false;
+    context_.setAnswers(yes ? ConsoleMessageService::Answers::Yes
+                            : ConsoleMessageService::Answers::Default);
+    OfferInterruptedInstallAtStart(services_, state_);
+    context_.setAnswers(ConsoleMessageService::Answers::Default);
+    return true;
 }
 
 const TextureSetEntry* StartedCommand::setNamed(const std::string& name)

@@ -16,8 +16,9 @@ class StartedCommand {
 public:
     explicit StartedCommand(CliContext& context);
 
-    // False when the start-up would have ended the program (the user has been told why).
-    bool startUp();
+    // False when the start-up would have ended the program (the user has been told why). An
+    // install cut off earlier is then offered to be completed (Yes with `yes`) or left.
+    bool startUp(bool yes = false);
 
 protected:
     // The set of that name, or nullptr after saying on standard error that there is none.
@@ -29,12 +30,13 @@ protected:
 };
 
 // The action of a command, run on a `Command` after the start-up.
+// With `yes`, a command's --yes also answers the question about an interrupted install.
 template <typename Command, typename Action>
-std::function<int()> AfterStartUp(CliContext& context, Action action)
+std::function<int()> AfterStartUp(CliContext& context, Action action, const bool* yes = nullptr)
 {
-    return [&context, action] {
+    return [&context, action, yes] {
         Command command(context);
-        return command.startUp() ? action(command) : CliExit::Failed;
+        return command.startUp(yes && *yes) ? action(command) : CliExit::Failed;
     };
 }
 

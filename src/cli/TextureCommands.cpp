@@ -195,11 +195,11 @@ void AddTextureCommands(CommandSet& commands)
     };
 
     auto install = std::make_shared<Options>();
-    CLI::App& installCommand =
-        commands.add(root, "install", "install SET into the simulator (every file, or those named)",
-                     AfterStartUp<TextureCommand>(context, [install](TextureCommand& command) {
-                         return command.install(*install);
-                     }));
+    CLI::App& installCommand = commands.add(
+        root, "install", "install SET into the simulator (every file, or those named)",
+        AfterStartUp<TextureCommand>(
+            context, [install](TextureCommand& command) { return command.install(*install); },
+            &install->yes));
     addSetChoice(installCommand, *install);
     CLI::Option* optionSet =
         installCommand.add_option("--option", install->optionSet, "an option set to add")
@@ -212,11 +212,11 @@ void AddTextureCommands(CommandSet& commands)
         ->needs(optionSet);
 
     auto restore = std::make_shared<Options>();
-    CLI::App& restoreCommand =
-        commands.add(root, "restore", "put the simulator's originals of SET's files back",
-                     AfterStartUp<TextureCommand>(context, [restore](TextureCommand& command) {
-                         return command.restore(*restore);
-                     }));
+    CLI::App& restoreCommand = commands.add(
+        root, "restore", "put the simulator's originals of SET's files back",
+        AfterStartUp<TextureCommand>(
+            context, [restore](TextureCommand& command) { return command.restore(*restore); },
+            &restore->yes));
     addSetChoice(restoreCommand, *restore);
 
     commands.add(root, "last", "show the sets installed last",

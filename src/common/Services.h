@@ -12,6 +12,7 @@ class ProcessLauncher;
 class SimulatorProcess;
 class FolderBrowser;
 class WavePlayer;
+class OriginalsGuard;
 
 // Every door from core to the world, handed in by the program, the command-line tool or a test.
 struct Services {
@@ -25,6 +26,8 @@ struct Services {
     FolderBrowser& folderBrowser;
     WavePlayer& sounds;
     Clock& clock;
+    // The same file operations as `files`, as the keeper of the simulator's originals.
+    OriginalsGuard& originals;
 };
 
 } // namespace vellumar

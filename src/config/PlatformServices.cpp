@@ -2,6 +2,7 @@
 
 #include "common/Clock.h"
 #include "common/FileOperations.h"
+#include "common/OriginalsGuard.h"
 #include "common/ProcessLauncher.h"
 #include "common/SimulatorProcess.h"
 #include "config/Registry.h"
@@ -11,6 +12,7 @@ namespace vellumar {
 
 PlatformServices::PlatformServices()
     : files(CreatePlatformFileOperations())
+    , originals(std::make_unique<OriginalsGuard>(*files))
     , registry(CreatePlatformRegistry())
     , systemFolders(CreatePlatformSystemFolders())
     , launcher(CreatePlatformProcessLauncher())
@@ -23,8 +25,8 @@ PlatformServices::~PlatformServices() = default;
 Services PlatformServices::With(MessageService& messages, EventPump& events,
                                 FolderBrowser& folderBrowser, WavePlayer& sounds)
 {
-    return {messages,  events,     *files,        *registry, *systemFolders,
-            *launcher, *simulator, folderBrowser, sounds,    *clock};
+    return {messages,   events,        *originals, *registry, *systemFolders, *launcher,
+            *simulator, folderBrowser, sounds,     *clock,    *originals};
 }
 
 } // namespace vellumar

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/OriginalsGuard.h"
 #include "common/Services.h"
 
 #include <memory>
@@ -17,6 +18,8 @@ struct PlatformServices {
                   WavePlayer& sounds);
 
     std::unique_ptr<FileOperations> files;
+    // Every change to the simulator's files goes through it.
+    std::unique_ptr<OriginalsGuard> originals;
     std::unique_ptr<Registry> registry;
     std::unique_ptr<SystemFolders> systemFolders;
     std::unique_ptr<ProcessLauncher> launcher;

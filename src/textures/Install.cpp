@@ -11,6 +11,7 @@
 #include "common/TextCompare.h"
 #include "textures/Backup.h"
 #include "textures/CopyProgress.h"
+#include "textures/InstallJournal.h"
 #include "textures/LastInstalled.h"
 #include "textures/SetCatalogue.h"
 
@@ -121,7 +122,8 @@ TextList RemoveInstallLeftovers(FileOperations& files, const TextureFolders& fol
 }
 
 bool CopySetFilesToSimulator(TextureServices& services, const TextureFolders& folders,
-                             const TextList& sources, const TextList& names)
+                             const TextList& sources, const TextList& names,
+                             const std::string& setName)
 {
     if (sources.empty())
         return true;
@@ -130,15 +132,27 @@ bool CopySetFilesToSimulator(TextureServices& services, const TextureFolders& fo
     RemoveInstallLeftovers(services.files, folders);
     const bool effectsInstall = std::any_of(
         names.begin(), names.end(), [](const std::string& name) { return Ending(name) == ".fx"; });
-    CopyProgress progress(services, sources);
-    for (std::size_t i = 0; i < sources.size(); ++i) {
-        progress.Starting(i, names[i]);
-        const std::string target =
-            JoinPath(DestinationFolder(folders, names[i], effectsInstall), names[i]);
-        if (!PlaceFile(services, sources[i], target))
-            return false;
+    InstallJournal journal{setName, {}};
+    for (std::size_t i = 0; i < sources.size(); ++i)
+        journal.files.emplace_back(
+            sources[i], JoinPath(DestinationFolder(folders, names[i], effectsInstall), names[i]));
+    // The journal tells the next start about an install that never came to its end; without a
+    // data folder (or a writable one) the install goes on, its originals kept all the same.
+    const std::string journalPath =
+        folders.DataFolder.empty() ? std::string() : InstallJournalPath(folders.DataFolder);
+    const bool journalled =
+        !journalPath.empty() && WriteInstallJournal(services.files, journalPath, journal);
+    bool placed = true;
+    {
+        CopyProgress progress(services, sources);
+        for (std::size_t i = 0; i < sources.size() && placed; ++i) {
+            progress.Starting(i, names[i]);
+            placed = PlaceFile(services, sources[i], journal.files[i].second);
+        }
     }
-    return true;
+    if (journalled)
+        services.files.deleteFile(journalPath);
+    return placed;
 }
 
 InstallOutcome InstallTextureSet(TextureServices& services, const TextureFolders& folders,
@@ -216,7 +230,7 @@ InstallOutcome InstallTextureSet(TextureServices& services, const TextureFolders
 
     const std::string dataType =
         GetSetDataType(services.files, services.events, request.cloudSetFolder);
-    if (CopySetFilesToSimulator(services, folders, collected.sources, collected.names)) {
+    if (CopySetFilesToSimulator(services, folders, collected.sources, collected.names, setName)) {
         record.AddLastInstalled(setName, dataType);
         outcome.installed = true;
     } else {

@@ -28,9 +28,12 @@ TextList RemoveInstallLeftovers(FileOperations& files, const TextureFolders& fol
 // was. A target that is a link is replaced by a plain file; the file it pointed to (perhaps
 // shared with another simulator) is never written. Leftovers of a killed install go first. Stops at
 // the first failure with the "Install Error" message; files placed before it stay. The window hears
-// of each file before it is copied (see CopyProgress).
+// of each file before it is copied (see CopyProgress). While it runs, an install journal in the
+// data folder names `setName` and the files, so that the next start can tell an install that
+// was cut off.
 bool CopySetFilesToSimulator(TextureServices& services, const TextureFolders& folders,
-                             const TextList& sources, const TextList& names);
+                             const TextList& sources, const TextList& names,
+                             const std::string& setName = {});
 
 struct InstallRequest {
     std::string setName;         // the text of cmbClouds

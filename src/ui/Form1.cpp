@@ -10,6 +10,7 @@
 #include "common/Clock.h"
 #include "common/FileHelpers.h"
 #include "common/MessageService.h"
+#include "common/OriginalsGuard.h"
 #include "common/PathText.h"
 #include "common/ProcessLauncher.h"
 #include "common/ResultText.h"
@@ -29,6 +30,7 @@
 #include "textures/Install.h"
 #include "textures/Restore.h"
 #include "textures/SetCatalogue.h"
+#include "textures/SimulatorOriginals.h"
 #include "ui/SetListModel_qt.h"
 #include "ui/frmRandSel.h"
 #include "ui/frmSound.h"
@@ -436,10 +438,15 @@ void Form1::CreateMenus()
     const struct {
         const char* name;
         const char* caption;
-    } formItems[] = {{"mnuTime", "Stop FS Time"},        {"mnuClearSituation", "Clear Situation"},
-                     {"mnuShowIni", "Show cloud.ini"},   {"mnuSound", "Sound"},
-                     {"mnuWeather", "Weather Setting"},  {"mnuLastInst", "Last Installed Data"},
-                     {"mnuStopRefresh", "Stop Refresh"}, {"mnuHelp", "Help"}};
+    } formItems[] = {{"mnuTime", "Stop FS Time"},
+                     {"mnuClearSituation", "Clear Situation"},
+                     {"mnuShowIni", "Show cloud.ini"},
+                     {"mnuSound", "Sound"},
+                     {"mnuWeather", "Weather Setting"},
+                     {"mnuLastInst", "Last Installed Data"},
+                     {"mnuRestoreOriginals", "Restore Simulator Originals…"},
+                     {"mnuStopRefresh", "Stop Refresh"},
+                     {"mnuHelp", "Help"}};
     bool first = true;
     for (const auto& item : formItems) {
         if (!first)
@@ -457,6 +464,8 @@ void Form1::CreateMenus()
             connect(action, &QAction::triggered, this, &Form1::mnuSound_Click);
         if (name == "mnuLastInst")
             connect(action, &QAction::triggered, this, &Form1::mnuLastInst_Click);
+        if (name == "mnuRestoreOriginals")
+            connect(action, &QAction::triggered, this, &Form1::mnuRestoreOriginals_Click);
         if (name == "mnuClearSituation")
             connect(action, &QAction::triggered, this, &Form1::mnuClearSituation_Click);
     }
@@ -1383,6 +1392,14 @@ void Form1::mnuLastInst_Click()
 {
     services_.messages.ShowMessage(record_.LastInstalledText(), MessageStyle::OKOnly,
                                    "Last Installed Data");
+}
+
+void Form1::mnuRestoreOriginals_Click()
+{
+    if (OriginalsStore* store = services_.originals.store()) {
+        TextureServices textures = Textures();
+        RestoreSimulatorOriginals(textures, *store);
+    }
 }
 
 void Form1::closeEvent(QCloseEvent* event)

@@ -129,6 +129,7 @@ private:
     void mnuBkAll_Click();
     void cmdToOrg_Click();
     void mnuLastInst_Click();
+    void mnuRestoreOriginals_Click();
     void cmdMin_Click();
     void cmdClose_Click();
     void lblHelp_Click();

@@ -69,9 +69,10 @@ protected:
     std::unique_ptr<Registry> registry = CreatePlatformRegistry();
     std::unique_ptr<SystemFolders> systemFolders = CreatePlatformSystemFolders();
     std::unique_ptr<FileOperations> files = CreatePlatformFileOperations();
-    Services services{fakes.messages, fakes.events,   *files,          *registry,
+    OriginalsGuard originals{*files};
+    Services services{fakes.messages, fakes.events,   originals,       *registry,
                       *systemFolders, fakes.launcher, fakes.simulator, fakes.folderBrowser,
-                      fakes.sounds,   fakes.clock};
+                      fakes.sounds,   fakes.clock,    originals};
     DemoOutcome demo;
 
     void SetUp() override

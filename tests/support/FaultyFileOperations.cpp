@@ -43,12 +43,14 @@ std::optional<std::uint64_t> FaultyFileOperations::fileSize(const std::string& p
 
 bool FaultyFileOperations::copyFile(const std::string& source, const std::string& target)
 {
+    changing(target);
     return copyWithFaults(source, target, [&] { return real_->copyFile(source, target); });
 }
 
 bool FaultyFileOperations::copyFileToUniqueName(const std::string& source,
                                                 const std::string& target)
 {
+    changing(target);
     return copyWithFaults(source, target,
                           [&] { return real_->copyFileToUniqueName(source, target); });
 }
@@ -71,16 +73,19 @@ bool FaultyFileOperations::copyWithFaults(const std::string& source, const std::
 
 bool FaultyFileOperations::moveFile(const std::string& source, const std::string& target)
 {
+    changing(target);
     return real_->moveFile(source, target);
 }
 
 bool FaultyFileOperations::renameOver(const std::string& source, const std::string& target)
 {
+    changing(target);
     return real_->renameOver(source, target);
 }
 
 bool FaultyFileOperations::deleteFile(const std::string& path)
 {
+    changing(path);
     ++deletes;
     if (failDelete && failDelete(path))
         return false;
@@ -89,6 +94,7 @@ bool FaultyFileOperations::deleteFile(const std::string& path)
 
 bool FaultyFileOperations::deleteTree(const std::string& path)
 {
+    changing(path);
     if (failDelete && failDelete(path))
         return false;
     return real_->deleteTree(path);
@@ -106,6 +112,7 @@ std::optional<std::string> FaultyFileOperations::readFile(const std::string& pat
 
 bool FaultyFileOperations::replaceFile(const std::string& path, const std::string& contents)
 {
+    changing(path);
     if (failReplace && failReplace(path))
         return false;
     return real_->replaceFile(path, contents);

@@ -21,6 +21,10 @@ public:
     // A copy that fails after writing part of the target, like a disk that fills up.
     std::function<bool(const std::string& source, const std::string& target)> failCopyHalfway;
 
+    // Called before every operation that changes a file (copy, move, rename, delete, replace),
+    // with the path it changes: a crash test ends its child process here.
+    std::function<void(const std::string& path)> beforeChange;
+
     int copies = 0;
     int deletes = 0;
 
@@ -43,6 +47,11 @@ public:
     std::string resolve(const std::string& path) override;
 
 private:
+    void changing(const std::string& path)
+    {
+        if (beforeChange)
+            beforeChange(path);
+    }
     bool copyWithFaults(const std::string& source, const std::string& target,
                         const std::function<bool()>& copy);
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/OriginalsGuard.h"
 #include "common/Services.h"
 #include "support/CountingEventPump.h"
 #include "support/FakeClock.h"
@@ -26,8 +27,10 @@ struct TestServices {
     ScriptedFolderBrowser folderBrowser;
     RecordingWavePlayer sounds;
     FakeClock clock;
-    Services services{messages, events,    files,         registry, systemFolders,
-                      launcher, simulator, folderBrowser, sounds,   clock};
+    // The fault seam lies under the guard, as the platform's operations lie under it.
+    OriginalsGuard originals{files};
+    Services services{messages,  events,        originals, registry, systemFolders, launcher,
+                      simulator, folderBrowser, sounds,    clock,    originals};
 };
 
 } // namespace vellumar::test

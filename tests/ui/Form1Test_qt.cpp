@@ -458,15 +458,22 @@ private Q_SLOTS:
                                      QStringLiteral("mnuSound=Sound"),
                                      QStringLiteral("mnuWeather=Weather Setting"),
                                      QStringLiteral("mnuLastInst=Last Installed Data"),
+                                     QString::fromUtf8("mnuRestoreOriginals=Restore Simulator "
+                                                       "Originals\u2026"),
                                      QStringLiteral("mnuStopRefresh=Stop Refresh"),
                                      QStringLiteral("mnuHelp=Help")}));
-        QCOMPARE(menu->actions().size(), 15); // a separator between every two items
+        QCOMPARE(menu->actions().size(), 17); // a separator between every two items
         QVERIFY(Action(*window, "mnuSound")->isVisible());
         QVERIFY(Action(*window, "mnuSound")->isEnabled());
         QVERIFY(Action(*window, "mnuClearSituation")->isEnabled());
         QVERIFY(Action(*window, "mnuLastInst")->isEnabled());
         for (const char* name : {"mnuTime", "mnuWeather", "mnuStopRefresh", "mnuHelp"})
             QVERIFY2(!Action(*window, name)->isVisible(), name);
+        // Nothing was changed yet: the restore says so and asks nothing.
+        Action(*window, "mnuRestoreOriginals")->trigger();
+        QCOMPARE(library.fakes.messages.last().title, std::string("Restore Simulator Originals"));
+        QCOMPARE(library.fakes.messages.last().style & MessageStyle::ButtonsMask,
+                 MessageStyle::OKOnly);
 
         Action(*window, "mnuShowIni")->trigger();
         QCOMPARE(library.fakes.launcher.opened.size(), 1u);

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "common/FileOperations.h"
+#include "common/OriginalsStore.h"
+#include "common/TextList.h"
+
+#include <memory>
+#include <string>
+
+namespace vellumar {
+
+// The file operations every part of the program uses, with one promise added: before a file
+// inside the protected folders (the simulator's) is replaced, moved away or deleted, and
+// before a file is made where there was none, what was there is kept in the originals store.
+// Installs, restores, the splash rotation, situations and whatever comes later all change
+// simulator files through here, so none of them can lose one. A change whose original cannot
+// be kept durably is refused, as a read-only file would refuse it.
+//
+// Until protect() names the folders every operation passes straight through.
+class OriginalsGuard final : public FileOperations {
+public:
+    explicit OriginalsGuard(FileOperations& files);
+
+    // Protects everything under `folders` except the store's own data folder (which may lie
+    // inside the simulator's folder); the store goes into `storeFolder`.
+    void protect(const TextList& folders, const std::string& dataFolder,
+                 const std::string& storeFolder);
+    // The store of the protected folders; nothing before protect().
+    OriginalsStore* store() { return store_.get(); }
+    // The file operations underneath, which keep nothing.
+    FileOperations& unguarded() { return files_; }
+
+    bool search(const std::string& pattern, const EntryVisitor& visit) override;
+    PathKind kindOf(const std::string& path) override;
+    std::string finalPath(const std::string& path) override;
+    std::optional<std::uint32_t> attributes(const std::string& path) override;
+    bool setAttributes(const std::string& path, std::uint32_t attributes) override;
+    std::optional<FileTime> modificationTime(const std::string& path) override;
+    std::optional<std::uint64_t> fileSize(const std::string& path) override;
+    bool copyFile(const std::string& source, const std::string& target) override;
+    bool copyFileToUniqueName(const std::string& source, const std::string& target) override;
+    bool moveFile(const std::string& source, const std::string& target) override;
+    bool renameOver(const std::string& source, const std::string& target) override;
+    bool deleteFile(const std::string& path) override;
+    bool deleteTree(const std::string& path) override;
+    bool createFolders(const std::string& path) override;
+    std::optional<std::string> readFile(const std::string& path) override;
+    bool replaceFile(const std::string& path, const std::string& contents) override;
+    std::string resolve(const std::string& path) override;
+
+private:
+    bool isProtected(const std::string& path);
+    // Keeps the original of `path` when it is protected; false when that failed.
+    bool keep(const std::string& path);
+    bool keepTree(const std::string& folder);
+
+    FileOperations& files_;
+    TextList folders_;
+    std::string dataFolder_;
+    std::unique_ptr<OriginalsStore> store_;
+};
+
+} // namespace vellumar
