@@ -36,7 +36,8 @@ public:
         if (!change.done)
             return report("import", change);
         context_.out << "added [Set" << change.section << "] " << change.plan.name << '\t'
-                     << change.plan.dataType << '\t' << change.plan.files.size() << " files\n";
+                     << change.plan.dataType << '\t' << change.plan.files.size()
+                     << (change.plan.files.size() == 1 ? " file\n" : " files\n");
         return CliExit::Success;
     }
 

@@ -142,7 +142,7 @@ TEST_F(ArchiveImportTest, ZipAndTarSetsAreUnpackedIntoNewFoldersAndAppended)
     EXPECT_EQ(temp.read("Vellumar/Texture/Golden dusk/sun2.bmp"), "sun");
 
     EXPECT_EQ(run({"import", tar, "--name", "Snow day", "--yes"}), CliExit::Success);
-    EXPECT_EQ(run.out.str(), "added [Set3] Snow day\tSnow\t1 files\n");
+    EXPECT_EQ(run.out.str(), "added [Set3] Snow day\tSnow\t1 file\n");
     EXPECT_EQ(temp.read("Vellumar/Texture/Snow day/snow1.bmp"), "snow");
     EXPECT_EQ(temp.read("Vellumar/cloud.ini"),
               before + "[Set2]\r\nDirName=Golden dusk\r\n[Set3]\r\nDirName=Snow day\r\n");
