@@ -3,7 +3,7 @@
 # of its floor's at the end. Extra arguments go to Google Benchmark (e.g. --benchmark_filter=Reg).
 set -euo pipefail
 cd "$(dirname "$0")/.."
-scripts/install-deps.sh build
+scripts/install-deps.sh build bench
 cmake -S . -B build-bench -G Ninja -DCMAKE_BUILD_TYPE=Release -DVELLUMAR_BUILD_BENCH=ON \
     -DVELLUMAR_BUILD_TESTS=OFF
 cmake --build build-bench --target vellumar_bench

@@ -1,11 +1,13 @@
 #!/usr/bin/env bash
 # Installs the Debian 12 packages Vellumar needs, and nothing when they are all there already.
 #
-#   scripts/install-deps.sh [build] [windows] [fuzz] [screenshots]
+#   scripts/install-deps.sh [build] [windows] [bench] [fuzz] [screenshots]
 #
 #   build        compilers, CMake, Qt 6 with its GStreamer plugins (the bad ones and a General
 #                MIDI soundfont play MIDI files), giflib, libcdio (audio CDs and disc images),
-#                GoogleTest, Google Benchmark, CLI11 and libcrypto (SHA-256) (the default)
+#                GoogleTest, Google Benchmark, CLI11, libcrypto (SHA-256) and libarchive (set
+#                archives) (the default)
+#   bench        unzip, the floor the import of an archive is measured against
 #   windows      the MinGW-w64 cross compiler, Wine and CLI11, for the Windows test suite
 #   fuzz         clang and its sanitizer runtimes, for the libFuzzer targets
 #   screenshots  Xvfb and ImageMagick, for screenshots of the windows
@@ -15,9 +17,10 @@ declare -A groups=(
     [build]="cmake ninja-build g++ pkg-config ccache qt6-base-dev qt6-multimedia-dev
              gstreamer1.0-plugins-base gstreamer1.0-plugins-good libgtest-dev googletest
              libbenchmark-dev libcli11-dev libgif-dev libcdio-dev gstreamer1.0-plugins-bad
-             timgm6mb-soundfont libssl-dev"
+             timgm6mb-soundfont libssl-dev libarchive-dev"
     [windows]="cmake ninja-build g++-mingw-w64-x86-64-posix wine64 wine googletest libcli11-dev
                xvfb xauth"
+    [bench]="unzip"
     [fuzz]="clang libclang-rt-14-dev"
     [screenshots]="xvfb xauth imagemagick x11-apps"
 )

@@ -3,6 +3,7 @@
 #include "cli/AutoRandomCommands.h"
 #include "cli/DemoCommand.h"
 #include "cli/IniCommands.h"
+#include "cli/LibraryCommands.h"
 #include "cli/MciCommand.h"
 #include "cli/OriginalsCommands.h"
 #include "cli/PlayCommand.h"
@@ -25,6 +26,7 @@ void AddAllCommands(CommandSet& commands)
     AddDemoCommand(commands);
     AddTextureCommands(commands);
     AddOriginalsCommands(commands);
+    AddLibraryCommands(commands);
     AddSimulatorCommands(commands);
     AddAutoRandomCommands(commands);
     AddMciCommand(commands);

@@ -51,6 +51,19 @@ void CloudIniFile::Write(const std::string& section, const std::string& key,
     RecordTimeStamp();
 }
 
+std::optional<std::string> CloudIniFile::Contents() const
+{
+    return files_.readFile(path_);
+}
+
+bool CloudIniFile::WriteContents(const std::string& contents)
+{
+    const bool written = files_.replaceFile(path_, contents);
+    cached_.reset();
+    RecordTimeStamp();
+    return written;
+}
+
 void CloudIniFile::RecordTimeStamp()
 {
     stamp_ = files_.modificationTime(path_).value_or(0);

@@ -27,6 +27,11 @@ public:
     // Writes (or, with an empty value, deletes) one key and takes the new time stamp.
     void Write(const std::string& section, const std::string& key, const std::string& value);
 
+    // The file's bytes, for edits of more than one key (ProfileText); nothing when unreadable.
+    std::optional<std::string> Contents() const;
+    // Replaces the whole file in one step with such an edit and takes the new time stamp.
+    bool WriteContents(const std::string& contents);
+
     // Takes the file's current time stamp as the program's own.
     void RecordTimeStamp();
     FileTime IniTimeStamp() const { return stamp_; }

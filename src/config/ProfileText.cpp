@@ -413,4 +413,48 @@ std::optional<std::string> Edit(std::string_view contents, std::string_view sect
     return edited;
 }
 
+std::optional<std::string> RemoveSection(std::string_view contents, std::string_view section)
+{
+    section = TrimProfileSpace(section);
+    const std::vector<Line> lines = SplitLines(contents);
+    std::string edited(contents);
+    bool removed = false;
+    // From the end, so that the offsets of the sections before stay true.
+    std::size_t nextHeader = contents.size();
+    for (std::size_t i = lines.size(); i-- > 0;) {
+        if (lines[i].kind != Line::Kind::Section)
+            continue;
+        if (EqualsIgnoreCase(lines[i].name, section)) {
+            edited.erase(lines[i].begin, nextHeader - lines[i].begin);
+            removed = true;
+        }
+        nextHeader = lines[i].begin;
+    }
+    if (!removed)
+        return std::nullopt;
+    return edited;
+}
+
+std::optional<std::string> RenameSection(std::string_view contents, std::string_view from,
+                                         std::string_view to)
+{
+    from = TrimProfileSpace(from);
+    to = TrimProfileSpace(to);
+    if (to.empty() || BreaksStructure(to) || to.find(']') != std::string_view::npos)
+        return std::nullopt;
+    const std::vector<Line> lines = SplitLines(contents);
+    std::string edited(contents);
+    bool renamed = false;
+    for (std::size_t i = lines.size(); i-- > 0;) {
+        if (lines[i].kind != Line::Kind::Section || !EqualsIgnoreCase(lines[i].name, from))
+            continue;
+        const auto at = static_cast<std::size_t>(lines[i].name.data() - contents.data());
+        edited.replace(at, lines[i].name.size(), to);
+        renamed = true;
+    }
+    if (!renamed)
+        return std::nullopt;
+    return edited;
+}
+
 } // namespace vellumar::ProfileText

@@ -70,6 +70,17 @@ std::vector<ProfileLine> Lines(std::string_view contents);
 std::optional<std::string> Edit(std::string_view contents, std::string_view section,
                                 std::string_view key, std::optional<std::string_view> value);
 
+// The file without the sections of that name (letter case ignored): each from its header line up
+// to the next header, so the blank lines and comments that end it go with it. Nothing when the
+// file has no such section.
+std::optional<std::string> RemoveSection(std::string_view contents, std::string_view section);
+
+// The file with the header of each section named `from` naming `to` instead; the brackets, the
+// blanks inside them and every other byte stay. Nothing when there is no such section or `to`
+// would break the file's structure.
+std::optional<std::string> RenameSection(std::string_view contents, std::string_view from,
+                                         std::string_view to);
+
 } // namespace ProfileText
 
 } // namespace vellumar

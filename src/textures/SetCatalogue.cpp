@@ -121,6 +121,17 @@ bool IsInstallableFile(std::string_view name)
            EndsWithIgnoreCase(name, "xml") || EndsWithIgnoreCase(name, ".fx");
 }
 
+bool IsPreviewPicture(std::string_view name)
+{
+    return EndsWithIgnoreCase(name, ".jpg") || EndsWithIgnoreCase(name, ".jpeg") ||
+           EndsWithIgnoreCase(name, ".gif");
+}
+
+bool IsSetFile(std::string_view name)
+{
+    return IsInstallableFile(name) || IsPreviewPicture(name);
+}
+
 TextList ListSetFiles(const SetFolderFiles& set)
 {
     TextList offered;
@@ -142,8 +153,7 @@ TextList ListOptionFiles(const SetFolderFiles& set)
 std::string PreviewPictureOf(const SetFolderFiles& set)
 {
     for (const std::string& name : set.names)
-        if (EndsWithIgnoreCase(name, ".jpg") || EndsWithIgnoreCase(name, ".jpeg") ||
-            EndsWithIgnoreCase(name, ".gif"))
+        if (IsPreviewPicture(name))
             return name;
     return {};
 }

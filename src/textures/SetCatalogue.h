@@ -60,6 +60,11 @@ int CheckSetCompatibility(FileOperations& files, EventPump& events, const std::s
 // three characters decide), and the sun effect file "suneffect.cfg".
 bool IsInstallableFile(std::string_view name);
 
+// A picture that can stand for the set in the main window: ".jpg", ".jpeg" or ".gif".
+bool IsPreviewPicture(std::string_view name);
+// A file a set folder is for: one the simulator reads, or a preview picture.
+bool IsSetFile(std::string_view name);
+
 // The files of a cloud set offered for installation, in listing order.
 TextList ListSetFiles(const SetFolderFiles& set);
 // The files of an option set offered for installation: its bitmaps only.

@@ -5,6 +5,7 @@
 #include "app/FsDiscovery.h"
 #include "app/ProgramSounds.h"
 #include "app/StartUpSequence.h"
+#include "app/TextureSetLibrary.h"
 #include "autorandom/AutoRandomTimer.h"
 #include "common/ApplyProportionalFont_qt.h"
 #include "common/Clock.h"
@@ -40,15 +41,21 @@
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QFileDialog>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListView>
 #include <QListWidget>
 #include <QMenu>
+#include <QMessageBox>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
 #include <QSignalBlocker>
@@ -180,6 +187,7 @@ Form1::Form1(Services& services, ProgramState& state, const ScreenFacts& screen,
     CreateControls();
     CreateMenus();
     Connect();
+    setAcceptDrops(true);
     // The look comes last: given first, every control added to the tree would be polished
     // again as it moves into place, which is a good part of the window's start-up.
     setPalette(skin::PanelPalette());
@@ -445,6 +453,7 @@ void Form1::CreateMenus()
                      {"mnuWeather", "Weather Setting"},
                      {"mnuLastInst", "Last Installed Data"},
                      {"mnuRestoreOriginals", "Restore Simulator Originals…"},
+                     {"mnuAddTextureSet", "Add Texture Set…"},
                      {"mnuStopRefresh", "Stop Refresh"},
                      {"mnuHelp", "Help"}};
     bool first = true;
@@ -468,6 +477,8 @@ void Form1::CreateMenus()
             connect(action, &QAction::triggered, this, &Form1::mnuRestoreOriginals_Click);
         if (name == "mnuClearSituation")
             connect(action, &QAction::triggered, this, &Form1::mnuClearSituation_Click);
+        if (name == "mnuAddTextureSet")
+            connect(action, &QAction::triggered, this, &Form1::mnuAddTextureSet_Click);
     }
 
     PIC_->setContextMenu(mnuPopUpTaskTray_);
@@ -892,6 +903,72 @@ void Form1::mnuClearSituation_Click()
 {
     ClearSituation(services_.files, services_.messages, state_,
                    [this] { services_.sounds.beep(); });
+}
+
+// The archive or folder a set is to come from, asked in two steps: which kind, then where.
+static std::string AskForTextureSetSource(QWidget* parent)
+{
+    QMessageBox ask(QMessageBox::Question, QStringLiteral("Add Texture Set"),
+                    QStringLiteral("Add a texture set from an archive or from a folder?"),
+                    QMessageBox::Cancel, parent);
+    QPushButton* archive = ask.addButton(QStringLiteral("Archive…"), QMessageBox::AcceptRole);
+    QPushButton* folder = ask.addButton(QStringLiteral("Folder…"), QMessageBox::AcceptRole);
+    ask.exec();
+    QString chosen;
+    if (ask.clickedButton() == archive)
+        chosen = QFileDialog::getOpenFileName(
+            parent, QStringLiteral("Add Texture Set"), {},
+            QStringLiteral("Archives (*.zip *.7z *.rar *.tar *.tgz *.tar.gz *.tar.bz2 *.tar.xz);;"
+                           "All files (*)"));
+    else if (ask.clickedButton() == folder)
+        chosen = QFileDialog::getExistingDirectory(parent, QStringLiteral("Add Texture Set"));
+    return chosen.toStdString();
+}
+
+void Form1::mnuAddTextureSet_Click()
+{
+    const std::string source =
+        chooseTextureSetSource ? chooseTextureSetSource() : AskForTextureSetSource(this);
+    if (!source.empty())
+        AddTextureSetFrom(source);
+}
+
+void Form1::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (event->mimeData()->hasUrls() && event->mimeData()->urls().front().isLocalFile())
+        event->acceptProposedAction();
+}
+
+void Form1::dropEvent(QDropEvent* event)
+{
+    event->acceptProposedAction();
+    for (const QUrl& url : event->mimeData()->urls())
+        if (url.isLocalFile())
+            AddTextureSetFrom(url.toLocalFile().toStdString());
+}
+
+void Form1::AddTextureSetFrom(const std::string& source)
+{
+    const LibraryChange change = AddTextureSet(services_.files, services_.messages, *state_.ini,
+                                               state_.paths, Sets(), source, {});
+    if (!change.problem.empty())
+        services_.messages.ShowMessage("The set was not added:\n" + change.problem + ".",
+                                       MessageStyle::Exclamation, std::string(kAddSetTitle));
+    if (change.done)
+        ReloadConfiguration();
+}
+
+void Form1::ReloadConfiguration()
+{
+    if (vellumar::optFs_Click(services_, screen_, state_, state_.paths.FsIndex) ==
+        LoadOutcome::EndProgram) {
+        Q_EMIT programEnded();
+        return;
+    }
+    ShowConfiguration();
+    ButtonCtrl(true);
+    cmdCont();
+    FitWindowToContents();
 }
 
 void Form1::optFs_Click(int index)

@@ -78,6 +78,10 @@ public:
     // The sound window while it is open.
     frmSound* soundWindow() const;
 
+    // Add Texture Set: asks for the archive or folder to add; "" when the user cancels. Tests
+    // hand in the answer.
+    std::function<std::string()> chooseTextureSetSource;
+
 Q_SIGNALS:
     // Form_Unload has run: the program ends.
     void unloaded();
@@ -92,6 +96,9 @@ protected:
     void showEvent(QShowEvent* event) override;
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    // An archive or a folder dropped on the window is added to the library as a set.
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     void CreateControls();
@@ -138,6 +145,10 @@ private:
     void mnuShowIni_Click();
     void mnuSound_Click();
     void mnuEndProg_Click();
+    void mnuAddTextureSet_Click();
+    void AddTextureSetFrom(const std::string& source);
+    // Loads cloud.ini again after the library changed, and shows it.
+    void ReloadConfiguration();
     void PIC_Activated(QSystemTrayIcon::ActivationReason reason);
 
     // Shared routines.

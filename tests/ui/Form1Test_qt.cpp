@@ -460,9 +460,10 @@ private Q_SLOTS:
                                      QStringLiteral("mnuLastInst=Last Installed Data"),
                                      QString::fromUtf8("mnuRestoreOriginals=Restore Simulator "
                                                        "Originals\u2026"),
+                                     QString::fromUtf8("mnuAddTextureSet=Add Texture Set\u2026"),
                                      QStringLiteral("mnuStopRefresh=Stop Refresh"),
                                      QStringLiteral("mnuHelp=Help")}));
-        QCOMPARE(menu->actions().size(), 17); // a separator between every two items
+        QCOMPARE(menu->actions().size(), 19); // a separator between every two items
         QVERIFY(Action(*window, "mnuSound")->isVisible());
         QVERIFY(Action(*window, "mnuSound")->isEnabled());
         QVERIFY(Action(*window, "mnuClearSituation")->isEnabled());
