@@ -30,7 +30,7 @@ std::string CdStatusText(const CD& cd, const std::string& audioOutputProblem)
             status += ", this one " + std::to_string(LeadingNumber(length)) + length.substr(2, 3);
     }
     if (cd.CdReady && !audioOutputProblem.empty())
-        status += " \u2014 " + audioOutputProblem;
+        status += "\n" + audioOutputProblem;
     return status;
 }
 

@@ -43,7 +43,7 @@ private:
 };
 
 // The line under the CD controls: no drive, no disc, or the disc's tracks; and why it cannot
-// be heard, when that is so.
+// be heard, on a line of its own, when that is so.
 std::string CdStatusText(const CD& cd, const std::string& audioOutputProblem);
 
 // "Track" followed by the track in two digits: "Track07".

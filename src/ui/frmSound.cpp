@@ -95,6 +95,7 @@ frmSound::frmSound(Services& services, ProgramState& state, SoundWindowDoors doo
     auto* root = new QVBoxLayout(this);
     root->setContentsMargins(14, 12, 14, 12);
     root->setSpacing(10);
+    root->setSizeConstraint(QLayout::SetMinimumSize);
 
     // The CD.
     auto* cdBox = new QGroupBox(QStringLiteral("Audio CD"));
@@ -127,6 +128,9 @@ frmSound::frmSound(Services& services, ProgramState& state, SoundWindowDoors doo
     lblCdStatus_ = DimLabel();
     lblCdStatus_->setObjectName(QStringLiteral("lblCdStatus"));
     lblCdStatus_->setWordWrap(true);
+    // Two lines: the disc, and why it cannot be heard when that is so.
+    lblCdStatus_->setMinimumHeight(2 * lblCdStatus_->fontMetrics().lineSpacing() + 2);
+    lblCdStatus_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     cdLayout->addWidget(lblCdStatus_);
     root->addWidget(cdBox);
 

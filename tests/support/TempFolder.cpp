@@ -59,7 +59,7 @@ std::string TempFolder::operator/(std::string_view relative) const
 std::string TempFolder::write(std::string_view relative, std::string_view contents) const
 {
     const std::string full = *this / relative;
-    fs::create_directories(fs::path(full).parent_path());
+    fs::create_directories(Utf8Path(full).parent_path());
     WriteWholeFile(full, contents);
     return full;
 }
@@ -67,7 +67,7 @@ std::string TempFolder::write(std::string_view relative, std::string_view conten
 std::string TempFolder::makeFolder(std::string_view relative) const
 {
     const std::string full = *this / relative;
-    fs::create_directories(full);
+    fs::create_directories(Utf8Path(full));
     return full;
 }
 
@@ -76,9 +76,16 @@ std::string TempFolder::read(std::string_view relative) const
     return ReadWholeFile(*this / relative);
 }
 
+fs::path Utf8Path(const std::string& path)
+{
+    // The program's paths are UTF-8; a narrow path on Windows would be read in the ANSI code
+    // page, and a name beyond it would name another file.
+    return fs::path(std::u8string(path.begin(), path.end()));
+}
+
 std::string ReadWholeFile(const std::string& path)
 {
-    std::ifstream in(path, std::ios::binary);
+    std::ifstream in(Utf8Path(path), std::ios::binary);
     if (!in)
         throw std::runtime_error("cannot read " + path);
     std::ostringstream contents;
@@ -88,7 +95,7 @@ std::string ReadWholeFile(const std::string& path)
 
 void WriteWholeFile(const std::string& path, std::string_view contents)
 {
-    std::ofstream out(path, std::ios::binary | std::ios::trunc);
+    std::ofstream out(Utf8Path(path), std::ios::binary | std::ios::trunc);
     if (!out)
         throw std::runtime_error("cannot write " + path);
     out.write(contents.data(), static_cast<std::streamsize>(contents.size()));

@@ -29,6 +29,9 @@ private:
 };
 
 // Reads or writes a whole file by full path, bytes as they are.
+// A UTF-8 path as the standard library's file functions take it on every platform.
+std::filesystem::path Utf8Path(const std::string& path);
+
 std::string ReadWholeFile(const std::string& path);
 void WriteWholeFile(const std::string& path, std::string_view contents);
 
