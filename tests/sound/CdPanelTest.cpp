@@ -47,8 +47,7 @@ TEST_F(CdPanelTest, ADiscIsOpenedReadAndShownTrackByTrack)
     EXPECT_EQ(shown.hsvTrackValue, 1);
     EXPECT_EQ(shown.lblTrack, "Track01");
     EXPECT_EQ(CdStatusText(cd, ""), "3 tracks, this one 1:30");
-    EXPECT_EQ(CdStatusText(cd, "no sound device"),
-              "3 tracks, this one 1:30\nno sound device");
+    EXPECT_EQ(CdStatusText(cd, "no sound device"), "3 tracks, this one 1:30\nno sound device");
 
     // Once read, a poll asks only where the disc is and what it does.
     control.replies["status cd position"] = "02:00:14:21";

@@ -206,9 +206,9 @@ private Q_SLOTS:
     void theMusicOrderChangesTheList()
     {
         Installation setup;
-        auto window = std::make_unique<frmSound>(
-            setup.fakes.services, setup.state,
-            setup.doors(std::make_unique<test::ScriptedMediaControl>()));
+        auto window =
+            std::make_unique<frmSound>(setup.fakes.services, setup.state,
+                                       setup.doors(std::make_unique<test::ScriptedMediaControl>()));
         Find<QPushButton>(*window, "cmdMusicOrder")->click();
         frmMusic* order = window->musicWindow();
         QVERIFY(order && order->isVisible());
