@@ -107,6 +107,8 @@ bool FaultyFileOperations::createFolders(const std::string& path)
 
 std::optional<std::string> FaultyFileOperations::readFile(const std::string& path)
 {
+    if (beforeRead)
+        beforeRead(path);
     return real_->readFile(path);
 }
 

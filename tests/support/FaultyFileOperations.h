@@ -25,6 +25,9 @@ public:
     // with the path it changes: a crash test ends its child process here.
     std::function<void(const std::string& path)> beforeChange;
 
+    // Called before every file is read whole, with its path: a test counts what was read.
+    std::function<void(const std::string& path)> beforeRead;
+
     int copies = 0;
     int deletes = 0;
 

@@ -1,0 +1,136 @@
+#include "common/HashCache.h"
+
+#include "common/FileOperations.h"
+#include "common/OriginalsStore.h"
+#include "common/PathText.h"
+#include "common/Sha256.h"
+#include "common/TextCompare.h"
+
+#include <algorithm>
+#include <charconv>
+#include <utility>
+#include <vector>
+
+namespace vellumar {
+
+namespace {
+
+constexpr std::string_view kHeader = "Vellumar hashes 1";
+
+template <typename Number>
+bool ReadNumber(std::string_view text, Number& number)
+{
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    return error == std::errc() && end == text.data() + text.size() && !text.empty();
+}
+
+std::string_view NextLine(std::string_view& text)
+{
+    const std::size_t end = text.find('\n');
+    std::string_view line = text.substr(0, end);
+    text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+    if (!line.empty() && line.back() == '\r')
+        line.remove_suffix(1);
+    return line;
+}
+
+std::optional<HashCache::Entry> ParseLine(std::string_view line)
+{
+    std::string_view fields[3];
+    for (std::string_view& field : fields) {
+        const std::size_t tab = line.find('\t');
+        if (tab == std::string_view::npos)
+            return std::nullopt;
+        field = line.substr(0, tab);
+        line.remove_prefix(tab + 1);
+    }
+    HashCache::Entry entry;
+    if (line.empty() || !IsSha256Hex(fields[0]) || !ReadNumber(fields[1], entry.size) ||
+        !ReadNumber(fields[2], entry.time))
+        return std::nullopt;
+    entry.hash = fields[0];
+    entry.path = line;
+    return entry;
+}
+
+} // namespace
+
+std::unordered_map<std::string, HashCache::Entry> ParseHashCache(std::string_view text)
+{
+    std::unordered_map<std::string, HashCache::Entry> entries;
+    if (NextLine(text) != kHeader)
+        return entries;
+    while (!text.empty())
+        if (auto entry = ParseLine(NextLine(text)))
+            entries[ToLowerAscii(ToNativeSeparators(entry->path))] = std::move(*entry);
+    return entries;
+}
+
+HashCache::HashCache(FileOperations& files, std::string path)
+    : files_(files)
+    , path_(std::move(path))
+{
+    if (const std::optional<std::string> text = files_.readFile(path_))
+        entries_ = ParseHashCache(*text);
+}
+
+std::string HashCache::PathIn(const std::string& dataFolder)
+{
+    return JoinPath(OriginalsStore::FolderIn(dataFolder), "hashes");
+}
+
+std::optional<std::string> HashCache::hashOf(const std::string& path)
+{
+    const std::string key = ToLowerAscii(ToNativeSeparators(path));
+    const auto known = entries_.find(key);
+    if (known != entries_.end() && known->second.used)
+        return known->second.hash; // asked about already in this run
+    const std::optional<std::uint64_t> size = files_.fileSize(path);
+    const std::optional<FileTime> time = files_.modificationTime(path);
+    if (!size || !time || files_.kindOf(path) != PathKind::File) {
+        if (known != entries_.end()) {
+            entries_.erase(known);
+            changed_ = true;
+        }
+        return std::nullopt;
+    }
+    if (known != entries_.end() && known->second.size == *size && known->second.time == *time) {
+        known->second.used = true;
+        return known->second.hash;
+    }
+    const std::optional<std::string> hash = FileSha256(files_, path);
+    if (!hash)
+        return std::nullopt;
+    // A file written during the reading may carry a newer time than the one taken before it;
+    // the older time is remembered, so the next run reads it again.
+    entries_[key] = Entry{path, *hash, *size, *time, true};
+    changed_ = true;
+    return hash;
+}
+
+bool HashCache::save()
+{
+    const bool unused = std::any_of(entries_.begin(), entries_.end(),
+                                    [](const auto& entry) { return !entry.second.used; });
+    if (!changed_ && !unused)
+        return true;
+    std::vector<const Entry*> kept;
+    for (const auto& [key, entry] : entries_)
+        if (entry.used)
+            kept.push_back(&entry);
+    std::sort(kept.begin(), kept.end(),
+              [](const Entry* a, const Entry* b) { return a->path < b->path; });
+    std::string text = std::string(kHeader) + "\n";
+    for (const Entry* entry : kept)
+        text += entry->hash + "\t" + std::to_string(entry->size) + "\t" +
+                std::to_string(entry->time) + "\t" + entry->path + "\n";
+    const std::string folder = FolderOfPath(path_);
+    if (!folder.empty() && !files_.createFolders(folder))
+        return false;
+    if (!files_.replaceFile(path_, text))
+        return false;
+    changed_ = false;
+    return true;
+}
+
+} // namespace vellumar
