@@ -8,6 +8,7 @@
 #include "cli/OriginalsCommands.h"
 #include "cli/PlayCommand.h"
 #include "cli/SimulatorCommands.h"
+#include "cli/StatusCommand.h"
 #include "cli/SystemCommands.h"
 #include "cli/TextureCommands.h"
 
@@ -26,6 +27,7 @@ void AddAllCommands(CommandSet& commands)
     AddDemoCommand(commands);
     AddTextureCommands(commands);
     AddOriginalsCommands(commands);
+    AddStatusCommand(commands);
     AddLibraryCommands(commands);
     AddSimulatorCommands(commands);
     AddAutoRandomCommands(commands);

@@ -101,6 +101,17 @@ std::string DestinationFolder(const TextureFolders& folders, const std::string& 
     return folders.FsTexturePath;
 }
 
+TextList InstallTargets(const TextureFolders& folders, const TextList& names)
+{
+    const bool effectsInstall = std::any_of(
+        names.begin(), names.end(), [](const std::string& name) { return Ending(name) == ".fx"; });
+    TextList targets;
+    targets.reserve(names.size());
+    for (const std::string& name : names)
+        targets.push_back(JoinPath(DestinationFolder(folders, name, effectsInstall), name));
+    return targets;
+}
+
 TextList FoldersInstallsWrite(const TextureFolders& folders)
 {
     const std::string effects = JoinPath(folders.FsPath, "effects");
@@ -130,12 +141,10 @@ bool CopySetFilesToSimulator(TextureServices& services, const TextureFolders& fo
     // A copy killed half way (the power, kill -9) left its temporary file; a big set's can
     // run to hundreds of megabytes.
     RemoveInstallLeftovers(services.files, folders);
-    const bool effectsInstall = std::any_of(
-        names.begin(), names.end(), [](const std::string& name) { return Ending(name) == ".fx"; });
+    const TextList targets = InstallTargets(folders, names);
     InstallJournal journal{setName, {}};
     for (std::size_t i = 0; i < sources.size(); ++i)
-        journal.files.emplace_back(
-            sources[i], JoinPath(DestinationFolder(folders, names[i], effectsInstall), names[i]));
+        journal.files.emplace_back(sources[i], targets[i]);
     // The journal tells the next start about an install that never came to its end; without a
     // data folder (or a writable one) the install goes on, its originals kept all the same.
     const std::string journalPath =

@@ -15,6 +15,9 @@ class LastInstalledRecord;
 // file among the files of an installation sends all its bitmaps to the effects textures.
 std::string DestinationFolder(const TextureFolders& folders, const std::string& name,
                               bool effectsInstall);
+// Where each file of an installation of `names` (bare names) lands in the simulator: the
+// folder above with the name added. Installs write there; the status of a set reads there.
+TextList InstallTargets(const TextureFolders& folders, const TextList& names);
 
 // The simulator's folders that installs, restores and backups write into (and so where their
 // temporary files may be left behind).
