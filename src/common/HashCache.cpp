@@ -82,41 +82,34 @@ std::string HashCache::PathIn(const std::string& dataFolder)
 std::optional<std::string> HashCache::hashOf(const std::string& path)
 {
     const std::string key = ToLowerAscii(ToNativeSeparators(path));
-    const auto known = entries_.find(key);
-    if (known != entries_.end() && known->second.used)
-        return known->second.hash; // asked about already in this run
+    Entry& entry = entries_[key];
+    if (entry.used) // asked about already in this run
+        return entry.hash.empty() ? std::nullopt : std::optional<std::string>(entry.hash);
+    entry.used = true;
     const std::optional<std::uint64_t> size = files_.fileSize(path);
-    const std::optional<FileTime> time = files_.modificationTime(path);
-    if (!size || !time || files_.kindOf(path) != PathKind::File) {
-        if (known != entries_.end()) {
-            entries_.erase(known);
-            changed_ = true;
-        }
-        return std::nullopt;
-    }
-    if (known != entries_.end() && known->second.size == *size && known->second.time == *time) {
-        known->second.used = true;
-        return known->second.hash;
-    }
-    const std::optional<std::string> hash = FileSha256(files_, path);
-    if (!hash)
-        return std::nullopt;
+    const std::optional<FileTime> time = size ? files_.modificationTime(path) : std::nullopt;
+    if (size && time && !entry.hash.empty() && entry.size == *size && entry.time == *time)
+        return entry.hash;
+    // Not a readable file (a folder, a device: readFile refuses them): no digest, and the
+    // cache forgets it.
+    const std::optional<std::string> hash = size && time ? FileSha256(files_, path) : std::nullopt;
+    changed_ = changed_ || !entry.hash.empty() || hash;
     // A file written during the reading may carry a newer time than the one taken before it;
     // the older time is remembered, so the next run reads it again.
-    entries_[key] = Entry{path, *hash, *size, *time, true};
-    changed_ = true;
+    entry = hash ? Entry{path, *hash, *size, *time, true} : Entry{path, {}, 0, 0, true};
     return hash;
 }
 
 bool HashCache::save()
 {
-    const bool unused = std::any_of(entries_.begin(), entries_.end(),
-                                    [](const auto& entry) { return !entry.second.used; });
+    const bool unused = std::any_of(entries_.begin(), entries_.end(), [](const auto& entry) {
+        return !entry.second.used && !entry.second.hash.empty();
+    });
     if (!changed_ && !unused)
         return true;
     std::vector<const Entry*> kept;
     for (const auto& [key, entry] : entries_)
-        if (entry.used)
+        if (entry.used && !entry.hash.empty())
             kept.push_back(&entry);
     std::sort(kept.begin(), kept.end(),
               [](const Entry* a, const Entry* b) { return a->path < b->path; });

@@ -34,7 +34,7 @@ public:
 
     struct Entry {
         std::string path;
-        std::string hash;
+        std::string hash; // empty: no readable file there in this run
         std::uint64_t size = 0;
         std::int64_t time = 0;
         bool used = false; // asked about since the cache was read
