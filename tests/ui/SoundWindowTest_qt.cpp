@@ -201,6 +201,21 @@ private Q_SLOTS:
         QVERIFY(Find<QPushButton>(*window, "cmdPlay3")->isEnabled());
     }
 
+    // A cloud.ini edited by someone else while the window was open is theirs: closing writes
+    // nothing over it.
+    void anEditMadeMeanwhileIsKept()
+    {
+        Installation setup;
+        auto window =
+            std::make_unique<frmSound>(setup.fakes.services, setup.state,
+                                       setup.doors(std::make_unique<test::ScriptedMediaControl>()));
+        Find<QSlider>(*window, "sldVolume1")->setValue(90);
+        const std::string edited = setup.ini() + "; the user's own line\r\n";
+        setup.temp.write("Vellumar/cloud.ini", edited);
+        window->close();
+        QCOMPARE(setup.ini(), edited);
+    }
+
     // The music order edits what the music channel plays; the shorter list leaves no key of
     // the longer one behind, which the reader would otherwise bring back.
     void theMusicOrderChangesTheList()
