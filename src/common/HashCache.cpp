@@ -1,13 +1,13 @@
 #include "common/HashCache.h"
 
 #include "common/FileOperations.h"
+#include "common/HashedPathLine.h"
 #include "common/OriginalsStore.h"
 #include "common/PathText.h"
 #include "common/Sha256.h"
 #include "common/TextCompare.h"
 
 #include <algorithm>
-#include <charconv>
 #include <utility>
 #include <vector>
 
@@ -16,13 +16,6 @@ namespace vellumar {
 namespace {
 
 constexpr std::string_view kHeader = "Vellumar hashes 1";
-
-template <typename Number>
-bool ReadNumber(std::string_view text, Number& number)
-{
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    return error == std::errc() && end == text.data() + text.size() && !text.empty();
-}
 
 std::string_view NextLine(std::string_view& text)
 {
@@ -36,20 +29,14 @@ std::string_view NextLine(std::string_view& text)
 
 std::optional<HashCache::Entry> ParseLine(std::string_view line)
 {
-    std::string_view fields[3];
-    for (std::string_view& field : fields) {
-        const std::size_t tab = line.find('\t');
-        if (tab == std::string_view::npos)
-            return std::nullopt;
-        field = line.substr(0, tab);
-        line.remove_prefix(tab + 1);
-    }
-    HashCache::Entry entry;
-    if (line.empty() || !IsSha256Hex(fields[0]) || !ReadNumber(fields[1], entry.size) ||
-        !ReadNumber(fields[2], entry.time))
+    const std::optional<HashedPathLine> parsed = ParseHashedPathLine(line);
+    if (!parsed || !IsSha256Hex(parsed->hash))
         return std::nullopt;
-    entry.hash = fields[0];
-    entry.path = line;
+    HashCache::Entry entry;
+    entry.hash = parsed->hash;
+    entry.size = parsed->size;
+    entry.time = parsed->time;
+    entry.path = parsed->path;
     return entry;
 }
 

@@ -1,11 +1,11 @@
 #include "common/OriginalsStore.h"
 
 #include "common/FileOperations.h"
+#include "common/HashedPathLine.h"
 #include "common/PathText.h"
 #include "common/Sha256.h"
 #include "common/TextCompare.h"
 
-#include <charconv>
 #include <utility>
 
 namespace vellumar {
@@ -15,32 +15,17 @@ namespace {
 constexpr std::string_view kHeader = "Vellumar originals 1";
 constexpr std::string_view kAbsent = "absent";
 
-template <typename Number>
-bool ReadNumber(std::string_view text, Number& number)
-{
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    return error == std::errc() && end == text.data() + text.size();
-}
-
 std::optional<KeptOriginal> ParseLine(std::string_view line)
 {
-    KeptOriginal entry;
-    std::string_view fields[3];
-    for (std::string_view& field : fields) {
-        const std::size_t tab = line.find('\t');
-        if (tab == std::string_view::npos)
-            return std::nullopt;
-        field = line.substr(0, tab);
-        line.remove_prefix(tab + 1);
-    }
-    if (line.empty() || !ReadNumber(fields[1], entry.size) || !ReadNumber(fields[2], entry.time))
+    const std::optional<HashedPathLine> parsed = ParseHashedPathLine(line);
+    if (!parsed || (parsed->hash != kAbsent && !IsSha256Hex(parsed->hash)))
         return std::nullopt;
-    if (fields[0] != kAbsent) {
-        if (!IsSha256Hex(fields[0]))
-            return std::nullopt;
-        entry.hash = fields[0];
-    }
-    entry.path = line;
+    KeptOriginal entry;
+    if (parsed->hash != kAbsent)
+        entry.hash = parsed->hash;
+    entry.size = parsed->size;
+    entry.time = parsed->time;
+    entry.path = parsed->path;
     return entry;
 }
 
