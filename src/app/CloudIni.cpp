@@ -244,6 +244,7 @@ LoadOutcome LoadCloudIni(Services& services, CloudIniFile& ini, ProgramPaths& pa
                          const InstalledFonts& installedFonts, DataFolderSettings& checks,
                          CloudIniSettings& settings)
 {
+    const CloudIniFile::ConsistentRead oneVersion(ini);
     if (RunDataFolderChecks(services, ini, paths, installedFonts, checks) ==
         StartUpOutcome::EndProgram)
         return LoadOutcome::EndProgram;

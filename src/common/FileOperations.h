@@ -35,6 +35,12 @@ enum class PathKind {
 // Nanoseconds since the Unix epoch; precise enough to notice any edit of a file.
 using FileTime = std::int64_t;
 
+// What tells, without reading it, that a file has not changed.
+struct FileStamp {
+    std::uint64_t size = 0;
+    FileTime time = 0;
+};
+
 // Called for each entry of a search; return false to stop the search.
 using EntryVisitor = std::function<bool(const DirectoryEntry&)>;
 
@@ -64,6 +70,14 @@ public:
     virtual std::optional<FileTime> modificationTime(const std::string& path) = 0;
     // The size in bytes of an existing file; nothing when it does not exist.
     virtual std::optional<std::uint64_t> fileSize(const std::string& path) = 0;
+    // The size and the modification time of an existing file (not a folder) in one look;
+    // nothing when there is no such file.
+    virtual std::optional<FileStamp> fileStamp(const std::string& path)
+    {
+        const std::optional<std::uint64_t> size = fileSize(path);
+        const std::optional<FileTime> time = size ? modificationTime(path) : std::nullopt;
+        return time ? std::optional<FileStamp>(FileStamp{*size, *time}) : std::nullopt;
+    }
 
     // Copies a file; fails when the target exists, as copies never overwrite.
     virtual bool copyFile(const std::string& source, const std::string& target) = 0;

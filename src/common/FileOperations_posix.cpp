@@ -34,11 +34,34 @@ std::string_view WithoutTrailingDotsAndBlanks(std::string_view name)
     return name;
 }
 
+// True when taking the path apart and putting it together would give it back unchanged: "/"
+// separators only, no empty, "." or ".." names, and no name ending in a dot or a blank. Most
+// paths are so, and a check costs far less than the rebuild.
+bool IsAlreadyNative(std::string_view path)
+{
+    std::size_t start = 0;
+    if (!path.empty() && path.front() == '/')
+        start = 1;
+    if (start == path.size())
+        return true; // "" or "/"
+    while (start <= path.size()) {
+        const std::size_t end = std::min(path.find('/', start), path.size());
+        const std::string_view name = path.substr(start, end - start);
+        if (name.empty() || name.back() == '.' || name.back() == ' ' ||
+            name.find('\\') != std::string_view::npos)
+            return false;
+        start = end + 1;
+    }
+    return true;
+}
+
 // The path with "/" separators, taken apart and put together as Windows does it before it
 // looks at the disk: "." goes, ".." takes away the name before it (as text, so a link is not
 // followed back out of), and each name drops its trailing dots and blanks.
 std::string NativeSeparators(std::string_view path)
 {
+    if (IsAlreadyNative(path))
+        return std::string(path);
     const bool absolute = !path.empty() && (path.front() == '/' || path.front() == '\\');
     std::vector<std::string_view> names;
     std::size_t start = 0;
@@ -146,12 +169,11 @@ bool ReadFolder(const std::string& folder, std::vector<DirectoryEntry>& entries)
 
 // Opens a regular file for reading; anything else fails at once. Opening a named pipe plainly
 // would wait for a writer that may never come.
-int OpenForReading(const std::string& path)
+int OpenForReading(const std::string& path, struct stat& st)
 {
     const int fd = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     if (fd < 0)
         return -1;
-    struct stat st {};
     if (::fstat(fd, &st) != 0 || !S_ISREG(st.st_mode)) {
         ::close(fd);
         return -1;
@@ -307,6 +329,19 @@ public:
         return static_cast<std::uint64_t>(st.st_size);
     }
 
+    std::optional<FileStamp> fileStamp(const std::string& path) override
+    {
+        // A path spelled as on disk and not a link (the usual case) needs one look only.
+        const std::string native = NativeSeparators(path);
+        struct stat st {};
+        const bool spelledAsOnDisk = ::lstat(native.c_str(), &st) == 0 && !S_ISLNK(st.st_mode);
+        if (!spelledAsOnDisk && ::stat(resolveNative(native).c_str(), &st) != 0)
+            return std::nullopt;
+        if (!S_ISREG(st.st_mode))
+            return std::nullopt;
+        return FileStamp{static_cast<std::uint64_t>(st.st_size), ToFileTime(st.st_mtim)};
+    }
+
     bool copyFile(const std::string& source, const std::string& target) override
     {
         return copyResolved(resolve(source), resolve(target));
@@ -400,13 +435,12 @@ public:
 
     std::optional<std::string> readFile(const std::string& path) override
     {
-        const int fd = OpenForReading(resolve(path));
+        struct stat st {};
+        const int fd = OpenForReading(resolve(path), st);
         if (fd < 0)
             return std::nullopt;
         std::string contents;
-        struct stat st {};
-        if (::fstat(fd, &st) == 0)
-            contents.reserve(static_cast<std::size_t>(st.st_size));
+        contents.reserve(static_cast<std::size_t>(st.st_size));
         char buffer[65536];
         for (;;) {
             const ssize_t got = ::read(fd, buffer, sizeof buffer);
@@ -646,14 +680,10 @@ private:
     // read-only state, as a Windows copy does.
     bool copyResolved(const std::string& from, const std::string& to)
     {
-        const int in = OpenForReading(from);
+        struct stat st {};
+        const int in = OpenForReading(from, st);
         if (in < 0)
             return false;
-        struct stat st {};
-        if (::fstat(in, &st) != 0) {
-            ::close(in);
-            return false;
-        }
         const FileTime before = folderStampOf(to);
         // Copies never overwrite: an existing target, even a dangling link, fails here.
         const int out = ::open(to.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);

@@ -293,6 +293,19 @@ public:
         return (static_cast<std::uint64_t>(data.nFileSizeHigh) << 32) | data.nFileSizeLow;
     }
 
+    std::optional<FileStamp> fileStamp(const std::string& path) override
+    {
+        WIN32_FILE_ATTRIBUTE_DATA data;
+        if (!GetFileAttributesExW(NativePath(path).c_str(), GetFileExInfoStandard, &data) ||
+            (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
+            return std::nullopt;
+        const std::int64_t ticks =
+            (static_cast<std::int64_t>(data.ftLastWriteTime.dwHighDateTime) << 32) |
+            data.ftLastWriteTime.dwLowDateTime;
+        return FileStamp{(static_cast<std::uint64_t>(data.nFileSizeHigh) << 32) | data.nFileSizeLow,
+                         (ticks - kTicksFrom1601To1970) * 100};
+    }
+
     bool copyFile(const std::string& source, const std::string& target) override
     {
         // The system's copy keeps the time stamp and the attributes, read-only included.

@@ -73,17 +73,16 @@ std::optional<std::string> HashCache::hashOf(const std::string& path)
     if (entry.used) // asked about already in this run
         return entry.hash.empty() ? std::nullopt : std::optional<std::string>(entry.hash);
     entry.used = true;
-    const std::optional<std::uint64_t> size = files_.fileSize(path);
-    const std::optional<FileTime> time = size ? files_.modificationTime(path) : std::nullopt;
-    if (size && time && !entry.hash.empty() && entry.size == *size && entry.time == *time)
+    const std::optional<FileStamp> stamp = files_.fileStamp(path);
+    if (stamp && !entry.hash.empty() && entry.size == stamp->size && entry.time == stamp->time)
         return entry.hash;
     // Not a readable file (a folder, a device: readFile refuses them): no digest, and the
     // cache forgets it.
-    const std::optional<std::string> hash = size && time ? FileSha256(files_, path) : std::nullopt;
+    const std::optional<std::string> hash = stamp ? FileSha256(files_, path) : std::nullopt;
     changed_ = changed_ || !entry.hash.empty() || hash;
     // A file written during the reading may carry a newer time than the one taken before it;
     // the older time is remembered, so the next run reads it again.
-    entry = hash ? Entry{path, *hash, *size, *time, true} : Entry{path, {}, 0, 0, true};
+    entry = hash ? Entry{path, *hash, stamp->size, stamp->time, true} : Entry{path, {}, 0, 0, true};
     return hash;
 }
 

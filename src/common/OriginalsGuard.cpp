@@ -110,6 +110,11 @@ std::optional<std::uint64_t> OriginalsGuard::fileSize(const std::string& path)
     return files_.fileSize(path);
 }
 
+std::optional<FileStamp> OriginalsGuard::fileStamp(const std::string& path)
+{
+    return files_.fileStamp(path);
+}
+
 bool OriginalsGuard::copyFile(const std::string& source, const std::string& target)
 {
     return keep(target) && files_.copyFile(source, target);

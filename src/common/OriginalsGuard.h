@@ -37,6 +37,7 @@ public:
     bool setAttributes(const std::string& path, std::uint32_t attributes) override;
     std::optional<FileTime> modificationTime(const std::string& path) override;
     std::optional<std::uint64_t> fileSize(const std::string& path) override;
+    std::optional<FileStamp> fileStamp(const std::string& path) override;
     bool copyFile(const std::string& source, const std::string& target) override;
     bool copyFileToUniqueName(const std::string& source, const std::string& target) override;
     bool moveFile(const std::string& source, const std::string& target) override;

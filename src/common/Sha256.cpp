@@ -2,6 +2,8 @@
 
 #include "common/FileOperations.h"
 
+#include <algorithm>
+
 namespace vellumar {
 
 std::string Sha256Hex(std::string_view bytes)
@@ -21,7 +23,9 @@ std::optional<std::string> FileSha256(FileOperations& files, const std::string& 
 
 bool IsSha256Hex(std::string_view text)
 {
-    return text.size() == 64 && text.find_first_not_of("0123456789abcdef") == std::string::npos;
+    return text.size() == 64 && std::all_of(text.begin(), text.end(), [](char c) {
+               return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f');
+           });
 }
 
 } // namespace vellumar

@@ -8,6 +8,8 @@ namespace {
 
 bool IsDeviceName(std::string_view stem)
 {
+    if (stem.size() != 3 && stem.size() != 4)
+        return false;
     for (const char* device : {"CON", "PRN", "AUX", "NUL"})
         if (EqualsIgnoreCase(stem, device))
             return true;

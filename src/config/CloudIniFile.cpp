@@ -14,6 +14,8 @@ CloudIniFile::CloudIniFile(FileOperations& files, MessageService& messages, std:
 
 std::string CloudIniFile::ReadRaw(const std::string& section, const std::string& key) const
 {
+    if (consistentReads_ > 0 && cached_)
+        return clsCfgRead::DataOf(*cached_, section, key);
     if (const std::optional<FileTime> stamp = files_.modificationTime(path_)) {
         if (!cached_ || cachedStamp_ != *stamp) {
             cached_.reset();

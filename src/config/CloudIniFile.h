@@ -32,6 +32,25 @@ public:
     // Replaces the whole file in one step with such an edit and takes the new time stamp.
     bool WriteContents(const std::string& contents);
 
+    // While one lives, reads take the file as it was when the first of them read it, without
+    // looking at its time stamp again for every key: a load of hundreds of keys sees one
+    // version of the file, never half of an edit saved meanwhile. A write through this object
+    // still shows at once.
+    class ConsistentRead {
+    public:
+        explicit ConsistentRead(const CloudIniFile& ini)
+            : ini_(ini)
+        {
+            ++ini_.consistentReads_;
+        }
+        ~ConsistentRead() { --ini_.consistentReads_; }
+        ConsistentRead(const ConsistentRead&) = delete;
+        ConsistentRead& operator=(const ConsistentRead&) = delete;
+
+    private:
+        const CloudIniFile& ini_;
+    };
+
     // Takes the file's current time stamp as the program's own.
     void RecordTimeStamp();
     FileTime IniTimeStamp() const { return stamp_; }
@@ -49,6 +68,7 @@ private:
     // values. The program's own writes drop it.
     mutable std::optional<ProfileText::ProfileDocument> cached_;
     mutable FileTime cachedStamp_ = 0;
+    mutable int consistentReads_ = 0;
 };
 
 } // namespace vellumar

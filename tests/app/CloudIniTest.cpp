@@ -297,5 +297,22 @@ TEST_F(CloudIniTest, AnEditByAnotherProgramIsCaughtBeforeTheProgramActsOnIt)
                                           "Vellumar will be Stopped...");
 }
 
+TEST_F(CloudIniTest, ALoadReadsOneVersionOfTheFileAndTheProgramsOwnWritesShowAtOnce)
+{
+    install("[Sound]\r\nCh1Vol=10\r\n");
+    CloudIniFile ini(fakes.files, fakes.messages, temp / "cloud.ini");
+    {
+        const CloudIniFile::ConsistentRead oneVersion(ini);
+        EXPECT_EQ(ini.ReadIniValue("Sound", "Ch1Vol"), "10");
+        // Saved by an editor in the middle of the load: the load goes on with what it began.
+        temp.write("cloud.ini", "[Sound]\r\nCh1Vol=99\r\nCh2Vol=5\r\n");
+        EXPECT_EQ(ini.ReadIniValue("Sound", "Ch1Vol"), "10");
+        EXPECT_EQ(ini.ReadIniValue("Sound", "Ch2Vol"), "Error");
+        ini.Write("Sound", "Ch3Vol", "30");
+        EXPECT_EQ(ini.ReadIniValue("Sound", "Ch3Vol"), "30");
+    }
+    EXPECT_EQ(ini.ReadIniValue("Sound", "Ch1Vol"), "99");
+}
+
 } // namespace
 } // namespace vellumar

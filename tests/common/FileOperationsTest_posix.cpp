@@ -35,12 +35,27 @@ TEST_F(PosixFileOperationsTest, ResolveFindsTheSpellingOnDisk)
     EXPECT_EQ(files->resolve(temp.path() + "\\DATA\\new\\File.txt"), temp / "Data/new/File.txt");
 }
 
-TEST_F(PosixFileOperationsTest, SizesAreOfFilesFoundInAnyLetterCase)
+TEST_F(PosixFileOperationsTest, SizesAndStampsAreOfFilesFoundInAnyLetterCaseOrThroughALink)
 {
-    temp.write("Texture/Cloud1.bmp", std::string(70000, 'c'));
+    const std::string cloud = temp.write("Texture/Cloud1.bmp", std::string(70000, 'c'));
     EXPECT_EQ(files->fileSize(temp.path() + "\\texture\\CLOUD1.BMP"), 70000u);
     EXPECT_EQ(files->fileSize(temp.path() + "\\Texture"), std::nullopt);
     EXPECT_EQ(files->fileSize(temp.path() + "\\Texture\\missing.bmp"), std::nullopt);
+
+    // The stamp in one look agrees with the two separate ones, however the path is spelled.
+    std::filesystem::create_symlink(cloud, temp / "Texture/link.bmp");
+    for (const std::string& spelled :
+         {cloud, temp.path() + "\\texture\\CLOUD1.BMP", temp.path() + "/Texture/./Cloud1.bmp. ",
+          temp.path() + "/Texture/link.bmp"}) {
+        const std::optional<FileStamp> stamp = files->fileStamp(spelled);
+        ASSERT_TRUE(stamp) << spelled;
+        EXPECT_EQ(stamp->size, 70000u) << spelled;
+        EXPECT_EQ(stamp->time, files->modificationTime(cloud)) << spelled;
+    }
+    EXPECT_EQ(files->fileStamp(temp.path() + "/Texture"), std::nullopt);
+    EXPECT_EQ(files->fileStamp(temp.path() + "/Texture/missing.bmp"), std::nullopt);
+    std::filesystem::remove(cloud);
+    EXPECT_EQ(files->fileStamp(temp.path() + "/Texture/link.bmp"), std::nullopt); // dangling
 }
 
 TEST_F(PosixFileOperationsTest, OfSeveralCaseVariantsTheFirstInListingOrderWins)

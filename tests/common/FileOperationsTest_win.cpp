@@ -122,6 +122,11 @@ TEST_F(WindowsFileOperationsTest, TimeStampsAreUnixNanosecondsAndCopiesKeepTimeA
     setWriteTime(source, kTicks);
     EXPECT_EQ(files->modificationTime(source), kUnixNanoseconds);
     EXPECT_EQ(files->modificationTime(temp.path() + "\\missing.bmp"), std::nullopt);
+    const std::optional<FileStamp> stamp = files->fileStamp(source);
+    ASSERT_TRUE(stamp);
+    EXPECT_EQ(stamp->size, 3u);
+    EXPECT_EQ(stamp->time, kUnixNanoseconds);
+    EXPECT_EQ(files->fileStamp(temp.path()), std::nullopt);
     ASSERT_TRUE(files->setAttributes(source, FileAttribute::ReadOnly | FileAttribute::Archive));
     const std::string target = temp.path() + "\\target.bmp";
     ASSERT_TRUE(files->copyFile(source, target));
