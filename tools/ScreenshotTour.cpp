@@ -16,6 +16,10 @@
 #include "common/widgets/Skin.h"
 #include "config/PlatformServices.h"
 #include "sound/SoundFiles.h"
+#include "textures/Install.h"
+#include "textures/LastInstalled.h"
+#include "textures/SetCatalogue.h"
+#include "textures/TextureFolders.h"
 #include "ui/Form1.h"
 #include "ui/frmMusic.h"
 #include "ui/frmSound.h"
@@ -122,6 +126,28 @@ std::unique_ptr<Form1> OpenWindow(Program& program, bool showSkyFiles)
     return window;
 }
 
+// Installs every file of the named set without a question, as a user's earlier install would
+// have left the simulator.
+void InstallQuietly(Program& program, const std::string& name)
+{
+    const auto& sets = program.state.settings.Sets;
+    const auto set = std::find_if(sets.begin(), sets.end(),
+                                  [&](const TextureSetEntry& entry) { return entry.name == name; });
+    if (set == sets.end())
+        return;
+    InstallRequest request;
+    request.setName = name;
+    request.cloudSetFolder = set->folder;
+    for (const std::string& file :
+         ListSetFiles(ScanSetFolder(program.services.files, program.events, set->folder)))
+        request.cloudFiles.emplace_back(file, true);
+    request.ask = false;
+    TextureServices textures{program.services.messages, program.services.files, program.events,
+                             program.services.clock};
+    LastInstalledRecord record;
+    InstallTextureSet(textures, TextureFoldersOf(program.state.paths), request, record);
+}
+
 // The program's own message box, as ShowMessage shows it.
 struct MessageShot {
     const char* file;
@@ -199,7 +225,13 @@ int main(int argc, char** argv)
         saved &= Save(window->grab(), folder, "main-window.png");
     }
     {
+        // Two sets in place, so that the list shows their marks.
+        for (const char* name : {"Hazy summer cumulus", "Clear day sky"})
+            InstallQuietly(program, name);
         auto window = OpenWindow(program, false);
+        for (int waited = 0; window->SetsInPlaceBeingRead() && waited < 10000; waited += 50)
+            QTest::qWait(50);
+        Settle();
         saved &= Save(window->grab(), folder, "main-window-sky-list.png");
 
         auto* skyColour = window->findChild<QLabel*>(QStringLiteral("lblFilter3"));

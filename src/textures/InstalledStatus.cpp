@@ -16,7 +16,7 @@ namespace vellumar {
 
 const char* SetPlacement::state() const
 {
-    if (total > 0 && placed == total)
+    if (wholly())
         return "all";
     return placed > 0 ? "some" : "none";
 }
@@ -49,7 +49,7 @@ std::string PathKey(const std::string& path)
 InstalledStatus ReadInstalledStatus(FileOperations& files, EventPump& events,
                                     const TextureFolders& folders,
                                     const std::vector<TextureSetEntry>& sets, HashCache& hashes,
-                                    OriginalsStore* store)
+                                    OriginalsStore* store, const std::function<bool()>& keepGoing)
 {
     InstalledStatus status;
     std::map<std::string, Offered> offered; // by the path in lower case, as Windows compares
@@ -59,6 +59,8 @@ InstalledStatus ReadInstalledStatus(FileOperations& files, EventPump& events,
         const TextList targets = InstallTargets(folders, names);
         SetPlacement placement{set.name, 0, names.size()};
         for (std::size_t i = 0; i < names.size(); ++i) {
+            if (keepGoing && !keepGoing())
+                return status;
             const std::optional<std::string> source = hashes.hashOf(JoinPath(set.folder, names[i]));
             const std::optional<std::string> target = hashes.hashOf(targets[i]);
             if (source && target && *source == *target)
@@ -78,6 +80,8 @@ InstalledStatus ReadInstalledStatus(FileOperations& files, EventPump& events,
             if (!original.absent())
                 kept.emplace(PathKey(original.path), original.hash);
     for (auto& [key, entry] : offered) {
+        if (keepGoing && !keepGoing())
+            return status;
         SimulatorFileHolder file;
         file.path = entry.path;
         const std::optional<std::string> now = hashes.hashOf(entry.path);
@@ -93,6 +97,16 @@ InstalledStatus ReadInstalledStatus(FileOperations& files, EventPump& events,
         status.files.push_back(std::move(file));
     }
     return status;
+}
+
+TextList FoldersOfSetsInPlace(const InstalledStatus& status,
+                              const std::vector<TextureSetEntry>& sets)
+{
+    TextList folders;
+    for (std::size_t i = 0; i < status.sets.size() && i < sets.size(); ++i)
+        if (status.sets[i].wholly())
+            folders.push_back(sets[i].folder);
+    return folders;
 }
 
 } // namespace vellumar

@@ -2,6 +2,7 @@
 
 #include "common/TextList.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,8 @@ struct SetPlacement {
     std::size_t placed = 0; // files whose target in the simulator has the set file's bytes
     std::size_t total = 0;  // the files an install of the whole set would place
 
+    // Every file is in place; never for a set with nothing to install.
+    bool wholly() const { return total > 0 && placed == total; }
     // "all", "some" or "none"; a set with nothing to install is "none".
     const char* state() const;
 };
@@ -43,10 +46,16 @@ struct InstalledStatus {
 
 // Compares every file an install of each set (all of its files, on its own) would place with
 // what is at its target now, by SHA-256 through `hashes`, and says for each such target whose
-// bytes it holds. `store` may be null: nothing then counts as the original.
+// bytes it holds. `store` may be null: nothing then counts as the original. `keepGoing`, when
+// given, is asked before each file; once it says no, the reading ends with what it has.
 InstalledStatus ReadInstalledStatus(FileOperations& files, EventPump& events,
                                     const TextureFolders& folders,
                                     const std::vector<TextureSetEntry>& sets, HashCache& hashes,
-                                    OriginalsStore* store);
+                                    OriginalsStore* store,
+                                    const std::function<bool()>& keepGoing = {});
+
+// The folders of the sets that `status` (read for `sets`) finds wholly in place.
+TextList FoldersOfSetsInPlace(const InstalledStatus& status,
+                              const std::vector<TextureSetEntry>& sets);
 
 } // namespace vellumar

@@ -10,6 +10,7 @@
 #include "common/ApplyProportionalFont_qt.h"
 #include "common/Clock.h"
 #include "common/FileHelpers.h"
+#include "common/FileOperations.h"
 #include "common/MessageService.h"
 #include "common/OriginalsGuard.h"
 #include "common/PathText.h"
@@ -32,7 +33,9 @@
 #include "textures/Restore.h"
 #include "textures/SetCatalogue.h"
 #include "textures/SimulatorOriginals.h"
+#include "ui/InPlaceMarkDelegate_qt.h"
 #include "ui/SetListModel_qt.h"
+#include "ui/SetsInPlaceReader_qt.h"
 #include "ui/frmRandSel.h"
 #include "ui/frmSound.h"
 
@@ -116,6 +119,7 @@ QListView* NewSetList(const char* name, SetListModel* sets)
     list->setUniformItemSizes(true);
     list->setEditTriggers(QAbstractItemView::NoEditTriggers);
     list->setModel(sets);
+    list->setItemDelegate(new InPlaceMarkDelegate(list));
     return list;
 }
 
@@ -188,6 +192,13 @@ Form1::Form1(Services& services, ProgramState& state, const ScreenFacts& screen,
     CreateMenus();
     Connect();
     setAcceptDrops(true);
+    setsInPlace_ = new SetsInPlaceReader(
+        &CreatePlatformFileOperations,
+        [this](const TextList& folders) {
+            allSets_->markSetsInPlace(folders);
+            filteredSets_->markSetsInPlace(folders);
+        },
+        this);
     // The look comes last: given first, every control added to the tree would be polished
     // again as it moves into place, which is a good part of the window's start-up.
     setPalette(skin::PanelPalette());
@@ -620,6 +631,7 @@ void Form1::ShowConfiguration()
         const QSignalBlocker quietCombo(cmbClouds_);
         allSets_->showSets(&settings.Sets);
     }
+    RefreshSetsInPlace();
 
     windowState_.ShowSkyFiles = settings.ShowSkyFiles;
     windowState_.BackupOriginals = settings.BackupOriginals;
@@ -1249,7 +1261,18 @@ bool Form1::InstallChosenSet()
         windowState_.LastInstallTime = *outcome.lastInstallTime;
     if (outcome.stopAutoRandom)
         AutoRandomOff();
+    RefreshSetsInPlace();
     return outcome.installed;
+}
+
+void Form1::RefreshSetsInPlace()
+{
+    setsInPlace_->refresh(TextureFoldersOf(state_.paths), Sets());
+}
+
+bool Form1::SetsInPlaceBeingRead() const
+{
+    return setsInPlace_->busy();
 }
 
 bool Form1::InstallChosenSituation()
@@ -1268,6 +1291,7 @@ bool Form1::InstallChosenSituation()
         windowState_.LastInstallTime = *outcome.lastInstallTime;
     if (outcome.stopAutoRandom)
         AutoRandomOff();
+    RefreshSetsInPlace();
     lstFLT_Click(); // the description again, in place of the install's progress
     return outcome.ok;
 }
@@ -1439,6 +1463,7 @@ void Form1::cmdToOrg_Click()
     TextureServices textures = Textures();
     RestoreOriginals(textures, TextureFoldersOf(state_.paths), ReadTicks(lstClouds_),
                      ReadTicks(lstOption_));
+    RefreshSetsInPlace();
     ShowChosenSet();
     SysTrayIcon(true);
 }
@@ -1476,6 +1501,7 @@ void Form1::mnuRestoreOriginals_Click()
     if (OriginalsStore* store = services_.originals.store()) {
         TextureServices textures = Textures();
         RestoreSimulatorOriginals(textures, *store);
+        RefreshSetsInPlace();
     }
 }
 

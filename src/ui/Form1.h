@@ -43,6 +43,7 @@ class PictureButton;
 class PictureView;
 class ReadoutLabel;
 class SetListModel;
+class SetsInPlaceReader;
 struct ProgramState;
 struct ScreenFacts;
 struct Services;
@@ -81,6 +82,9 @@ public:
     // Add Texture Set: asks for the archive or folder to add; "" when the user cancels. Tests
     // hand in the answer.
     std::function<std::string()> chooseTextureSetSource;
+
+    // The marks of the sets wholly in place are being worked out; tests wait for the answer.
+    bool SetsInPlaceBeingRead() const;
 
 Q_SIGNALS:
     // Form_Unload has run: the program ends.
@@ -174,6 +178,8 @@ private:
     void FillSituationList();
     // Installs cmbClouds' set with its ticked files: cmdInst's work, shared with Install & Start.
     bool InstallChosenSet();
+    // Reads again, in the background, which sets are wholly in place, for the lists' marks.
+    void RefreshSetsInPlace();
     bool InstallChosenSituation();
     // Plays the configured button sound; false when there is none to play.
     bool ButtonSound();
@@ -210,6 +216,7 @@ private:
     // lstSky and cmbClouds show allSets_; lstSkyFil, built on the first filter, filteredSets_.
     SetListModel* allSets_ = nullptr;
     SetListModel* filteredSets_ = nullptr;
+    SetsInPlaceReader* setsInPlace_ = nullptr;
     QListView* lstSky_ = nullptr;
     QListView* lstSkyFil_ = nullptr;
     HiddenPickPanel* picHiddenPick_ = nullptr;

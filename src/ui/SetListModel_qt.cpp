@@ -33,14 +33,34 @@ const TextureSetEntry* SetListModel::entryAt(int row) const
     return &(*sets_)[static_cast<std::size_t>(index)];
 }
 
+void SetListModel::markSetsInPlace(const TextList& folders)
+{
+    std::unordered_set<std::string> inPlace(folders.begin(), folders.end());
+    if (inPlace == inPlace_)
+        return;
+    inPlace_ = std::move(inPlace);
+    if (rowCount() > 0)
+        Q_EMIT dataChanged(index(0), index(rowCount() - 1), {InPlaceRole, Qt::ToolTipRole});
+}
+
 QVariant SetListModel::data(const QModelIndex& index, int role) const
 {
-    if (role != Qt::DisplayRole && role != Qt::EditRole)
-        return {};
     const TextureSetEntry* entry = entryAt(index.row());
     if (!entry)
         return {};
-    return QString::fromStdString(entry->name);
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+        return QString::fromStdString(entry->name);
+    case InPlaceRole:
+        return inPlace_.contains(entry->folder);
+    case Qt::ToolTipRole:
+        if (inPlace_.contains(entry->folder))
+            return tr("Every file of this set is in the simulator now.");
+        return {};
+    default:
+        return {};
+    }
 }
 
 } // namespace vellumar

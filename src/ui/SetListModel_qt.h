@@ -1,7 +1,11 @@
 #pragma once
 
+#include "common/TextList.h"
+
 #include <QAbstractListModel>
 
+#include <string>
+#include <unordered_set>
 #include <vector>
 
 namespace vellumar {
@@ -21,6 +25,12 @@ public:
     // stay owned by the caller; call again whenever either changes.
     void showSets(const std::vector<TextureSetEntry>* sets, const std::vector<int>* rows = nullptr);
 
+    // True (with a tool tip that says so) for the rows of sets whose every file is in the
+    // simulator now; the set lists draw a quiet mark for them.
+    static constexpr int InPlaceRole = Qt::UserRole + 1;
+    // The sets, by folder, that have every file in the simulator now.
+    void markSetsInPlace(const TextList& folders);
+
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
 
@@ -29,6 +39,7 @@ private:
 
     const std::vector<TextureSetEntry>* sets_ = nullptr;
     const std::vector<int>* rows_ = nullptr;
+    std::unordered_set<std::string> inPlace_;
 };
 
 } // namespace vellumar

@@ -9,12 +9,14 @@
 #include "support/TempFolder.h"
 #include "support/TestInstallation.h"
 #include "ui/Form1.h"
+#include "ui/SetListModel_qt.h"
 
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QImage>
 #include <QLabel>
+#include <QListView>
 #include <QListWidget>
 #include <QMenu>
 #include <QProgressBar>
@@ -550,6 +552,43 @@ private Q_SLOTS:
         QCOMPARE(QString::fromStdString(library.temp.read("Vellumar/cloud.ini"))
                      .contains(QStringLiteral("[LastInstalled]\r\n1=Runway halo,Runway\r\n")),
                  true);
+    }
+
+    // The quiet mark of the sets wholly in place follows what the simulator holds, by content.
+    void theSetListsMarkTheSetsWhoseFilesAreAllInPlace()
+    {
+        Library library(false);
+        const auto window = library.open();
+        const QAbstractItemModel* sets = Find<QListView>(*window, "lstSky")->model();
+        const auto marked = [&] {
+            QStringList names;
+            for (int row = 0; row < sets->rowCount(); ++row)
+                if (sets->index(row, 0).data(SetListModel::InPlaceRole).toBool())
+                    names << sets->index(row, 0).data().toString();
+            return names;
+        };
+        const auto install = [&](const QString& set) {
+            Choose(Find<QComboBox>(*window, "cmbClouds"), set);
+            Click(Find(*window, "cmdInst"));
+            QTRY_VERIFY_WITH_TIMEOUT(!window->SetsInPlaceBeingRead(), 10000);
+        };
+        QTRY_VERIFY_WITH_TIMEOUT(!window->SetsInPlaceBeingRead(), 10000);
+        QCOMPARE(marked(), QStringList());
+
+        install(QStringLiteral("Summer haze"));
+        QCOMPARE(marked(), QStringList{QStringLiteral("Summer haze")});
+        install(QStringLiteral("Clear day"));
+        QCOMPARE(marked(),
+                 (QStringList{QStringLiteral("Summer haze"), QStringLiteral("Clear day")}));
+        const QModelIndex clearDay = sets->index(1, 0);
+        QVERIFY(!clearDay.data(Qt::ToolTipRole).toString().isEmpty());
+
+        // Same name, other bytes: no longer the set's file.
+        library.temp.write("FS9/texture/cld02.bmp", "edited by hand");
+        install(QStringLiteral("Stratus deck"));
+        QCOMPARE(marked(),
+                 (QStringList{QStringLiteral("Clear day"), QStringLiteral("Stratus deck")}));
+        QVERIFY(sets->index(0, 0).data(Qt::ToolTipRole).isNull());
     }
 
     void backupReBackupAndRestoreWorkFromTheWindow()

@@ -152,7 +152,8 @@ player uses the computer's first CD drive.</p>
 <dt>Install a set</dt>
 <dd>Pick a set in the list, look at its preview and press <em>Install</em>. Its bitmaps land in the
 simulator's <code>texture</code> folder, cloud files in <code>weather\clouds</code>, effect files in
-<code>effects</code>, and <code>suneffect.cfg</code> in the simulator folder itself.</dd>
+<code>effects</code>, and <code>suneffect.cfg</code> in the simulator folder itself. A small tick
+then marks, in the set lists, each set whose files are all in the simulator now.</dd>
 <dt>Filters</dt>
 <dd>All, Cumulus, Cirrus, Sky Color and Misc sort the sets by the bitmaps they hold.</dd>
 <dt>AutoRandom</dt>
