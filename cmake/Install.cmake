@@ -11,16 +11,35 @@ set(VELLUMAR_APPSTREAM_ID "org.example.vellumar" CACHE STRING
 set(VELLUMAR_RELEASE_DATE "2026-11-23" CACHE STRING "The date of this version")
 
 if(WIN32)
-    # The Windows ZIP: the command-line tool with the DLLs it needs, side by side, to unpack
-    # anywhere. It keeps its program folder beside it, as the program does on Windows.
-    install(TARGETS vellumar-cli RUNTIME DESTINATION .
-        RUNTIME_DEPENDENCIES
-            PRE_EXCLUDE_REGEXES "^api-ms-" "^ext-ms-"
-            POST_INCLUDE_REGEXES "^${CMAKE_FIND_ROOT_PATH}/"
-            POST_EXCLUDE_REGEXES ".*"
-            DIRECTORIES ${VELLUMAR_MINGW_RUNTIME_FOLDERS})
-    install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/resources/cloud.ini
-            DESTINATION .)
+    # The Windows ZIP: the command-line tool with the DLLs it needs beside it, to unpack
+    # anywhere; its program folder is its own folder, as the program's is on Windows. It links
+    # its runtime statically (cmake/CompileSettings.cmake), so today it needs none but Windows'
+    # own; a MinGW library it comes to need is found in the cross compiler's folders.
+    install(TARGETS vellumar-cli RUNTIME DESTINATION .)
+    if(MINGW)
+        find_program(VELLUMAR_MINGW_OBJDUMP x86_64-w64-mingw32-objdump objdump REQUIRED)
+        execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=libstdc++-6.dll
+                        OUTPUT_VARIABLE _mingw_runtime OUTPUT_STRIP_TRAILING_WHITESPACE)
+        get_filename_component(_mingw_runtime "${_mingw_runtime}" DIRECTORY)
+        # install(TARGETS ... RUNTIME_DEPENDENCIES) refuses a cross build; the file command
+        # reads the executable's imports with MinGW's objdump.
+        install(CODE "
+            set(CMAKE_GET_RUNTIME_DEPENDENCIES_PLATFORM windows+pe)
+            set(CMAKE_GET_RUNTIME_DEPENDENCIES_TOOL objdump)
+            set(CMAKE_GET_RUNTIME_DEPENDENCIES_COMMAND \"${VELLUMAR_MINGW_OBJDUMP}\")
+            file(GET_RUNTIME_DEPENDENCIES EXECUTABLES \"$<TARGET_FILE:vellumar-cli>\"
+                 RESOLVED_DEPENDENCIES_VAR _dlls UNRESOLVED_DEPENDENCIES_VAR _missing
+                 PRE_INCLUDE_REGEXES \"^lib.*[.]dll$\" \"^zlib1[.]dll$\"
+                 PRE_EXCLUDE_REGEXES \".*\"
+                 DIRECTORIES \"${_mingw_runtime}\" \"${CMAKE_FIND_ROOT_PATH}/lib\")
+            if(_missing)
+                message(FATAL_ERROR \"vellumar-cli.exe needs DLLs not found: \${_missing}\")
+            endif()
+            if(_dlls)
+                file(INSTALL \${_dlls} DESTINATION \"\${CMAKE_INSTALL_PREFIX}\")
+            endif()")
+    endif()
+    install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION .)
     return()
 endif()
 
