@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian 12 packages Vellumar needs, and nothing when they are all there already.
 #
-#   scripts/install-deps.sh [build] [windows] [bench] [fuzz] [screenshots]
+#   scripts/install-deps.sh [build] [windows] [bench] [fuzz] [screenshots] [package]
 #
 #   build        compilers, CMake, Qt 6 with its GStreamer plugins (the bad ones and a General
 #                MIDI soundfont play MIDI files), giflib, libcdio (audio CDs and disc images),
@@ -11,6 +11,9 @@
 #   windows      the MinGW-w64 cross compiler, Wine and CLI11, for the Windows test suite
 #   fuzz         clang and its sanitizer runtimes, for the libFuzzer targets
 #   screenshots  Xvfb and ImageMagick, for screenshots of the windows
+#   package      the Debian package and its checks: dpkg-dev (dpkg-shlibdeps), lintian,
+#                desktop-file-utils, appstream, librsvg2-bin (the PNG icons), bash-completion
+#                (the completion test), man-db
 set -euo pipefail
 
 declare -A groups=(
@@ -23,6 +26,7 @@ declare -A groups=(
     [bench]="unzip"
     [fuzz]="clang libclang-rt-14-dev"
     [screenshots]="xvfb xauth imagemagick x11-apps"
+    [package]="dpkg-dev lintian desktop-file-utils appstream librsvg2-bin bash-completion man-db"
 )
 
 wanted=("$@")

@@ -15,7 +15,7 @@ if [ "${1:-}" = "--sanitize" ]; then
     export LSAN_OPTIONS="suppressions=$PWD/tests/lsan.supp${LSAN_OPTIONS:+:$LSAN_OPTIONS}"
 fi
 
-scripts/install-deps.sh build
+scripts/install-deps.sh build package
 
 cmake -S . -B "$build_dir" -G Ninja "${options[@]}"
 cmake --build "$build_dir"

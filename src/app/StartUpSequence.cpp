@@ -1,6 +1,7 @@
 #include "app/StartUpSequence.h"
 
 #include "app/FsDiscovery.h"
+#include "app/UserProgramFolder.h"
 #include "common/FileHelpers.h"
 #include "common/FileOperations.h"
 #include "common/MessageService.h"
@@ -102,7 +103,8 @@ void ProtectSimulatorFiles(OriginalsGuard& guard, const ProgramPaths& paths)
 StartUpOutcome RunStartUpSequence(Services& services, const ScreenFacts& screen,
                                   ProgramState& state)
 {
-    state.paths.ProgramPath = TrimTrailingBackslash(services.systemFolders.programFolder());
+    const ProgramFolderChoice program = services.systemFolders.programFolderChoice();
+    state.paths.ProgramPath = TrimTrailingBackslash(program.folder);
     state.paths.SharedDataPath = services.systemFolders.sharedDataFolder();
     if (IsError(GetSystemFolders(services.systemFolders, services.messages, state.paths)))
         return StartUpOutcome::EndProgram;
@@ -114,6 +116,9 @@ StartUpOutcome RunStartUpSequence(Services& services, const ScreenFacts& screen,
                                             MessageStyle::OKOnly | MessageStyle::Information,
                                             "Screen Font Size Error");
 
+    // An installed copy's first start for this user makes the user's own program folder.
+    if (PrepareUserProgramFolder(services, state.paths, program.rule) == StartUpOutcome::EndProgram)
+        return StartUpOutcome::EndProgram;
     if (CheckIniFile(services, state) == StartUpOutcome::EndProgram)
         return StartUpOutcome::EndProgram;
     if (FindFsFolder(services, *state.ini, state.paths) == DiscoveryOutcome::EndProgram)

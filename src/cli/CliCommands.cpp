@@ -90,8 +90,8 @@ int RunCliCommand(const std::vector<std::string>& arguments, Services& services,
     AddAllCommands(commands);
     root.footer("Each command has its own --help. Messages go to standard error as their title\n"
                 "and text; a question is answered with its default button.\n"
-                "Environment: VELLUMAR_HOME (program folder), WINEPREFIX (Wine prefix, Linux),\n"
-                "VELLUMAR_CD (the CD or disc image, Linux).\n"
+                "Environment: VELLUMAR_HOME (program folder; see where --help), WINEPREFIX\n"
+                "(Wine prefix, Linux), VELLUMAR_CD (the CD or disc image, Linux).\n"
                 "Exit status: 0 success, 1 nothing found or failed, 2 usage error.");
 
     try {

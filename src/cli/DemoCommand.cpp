@@ -29,7 +29,7 @@ int Demo(const DemoOptions& options, CliContext& context)
     const std::string generator = HelperProgramPath("vellumar-demo");
     if (generator.empty()) {
         context.err << "vellumar-cli: demo: the demo generator vellumar-demo is not installed "
-                       "beside vellumar-cli\n";
+                       "beside vellumar-cli (nor in ../libexec/vellumar)\n";
         return CliExit::Failed;
     }
     std::vector<std::string> arguments{options.folder};

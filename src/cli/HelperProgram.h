@@ -5,8 +5,8 @@
 
 namespace vellumar {
 
-// The path of a helper program that sits beside this executable ("vellumar-demo"), with the
-// platform's suffix; "" when it is not there.
+// The path of a helper program ("vellumar-demo") with the platform's suffix: beside this
+// executable, or (installed on Linux) in ../libexec/vellumar; "" when it is not there.
 std::string HelperProgramPath(const std::string& name);
 
 // Runs the helper in place of this process: its output is this process's output and its exit

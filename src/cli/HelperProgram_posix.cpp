@@ -13,8 +13,14 @@ std::string HelperProgramPath(const std::string& name)
     const std::filesystem::path self = std::filesystem::read_symlink("/proc/self/exe", error);
     if (error)
         return {};
-    const std::filesystem::path helper = self.parent_path() / name;
-    return ::access(helper.c_str(), X_OK) == 0 ? helper.string() : std::string();
+    // Beside this program in the build tree; where it is installed, the helpers sit apart from
+    // the programs people run, in libexec/vellumar beside bin.
+    for (const std::filesystem::path& helper :
+         {self.parent_path() / name,
+          self.parent_path().parent_path() / "libexec" / "vellumar" / name})
+        if (::access(helper.c_str(), X_OK) == 0)
+            return helper.string();
+    return {};
 }
 
 std::string ReplaceProcessWith(const std::string& program,

@@ -33,7 +33,7 @@ int Play(const std::string& file, CliContext& context)
     const std::string player = HelperProgramPath("vellumar-play");
     if (player.empty()) {
         context.err << "vellumar-cli: play: the player vellumar-play is not installed beside "
-                       "vellumar-cli\n";
+                       "vellumar-cli (nor in ../libexec/vellumar)\n";
         return CliExit::Failed;
     }
     context.out.flush();

@@ -56,7 +56,9 @@ int Where(CliContext& context)
     Services& services = context.services;
     SystemPaths paths;
     const std::string result = GetSystemFolders(services.systemFolders, services.messages, paths);
-    context.out << "ProgramPath: " << services.systemFolders.programFolder() << '\n'
+    const ProgramFolderChoice program = services.systemFolders.programFolderChoice();
+    context.out << "ProgramPath: " << program.folder << '\n'
+                << "ProgramPathRule: " << DescribeProgramFolderRule(program.rule) << '\n'
                 << "WindowsPath: " << paths.WindowsPath << '\n'
                 << "MyDocumentsPath: " << paths.MyDocumentsPath << '\n'
                 << "AppDataPath: " << paths.AppDataPath << '\n';
@@ -79,8 +81,13 @@ void AddSystemCommands(CommandSet& commands)
              [&context](const CommandSet::Texts& args) { return RegGet(args, context); })
         .footer("On Linux this reads the registry files of the Wine prefix.");
 
-    commands.add(commands.root(), "where", "print the program folder and the system folders",
-                 [&context] { return Where(context); });
+    commands
+        .add(commands.root(), "where",
+             "print the program folder, the rule that chose it, and the system folders",
+             [&context] { return Where(context); })
+        .footer("The program folder is VELLUMAR_HOME when set; else the executable's folder\n"
+                "when it holds a cloud.ini; else, on Linux, XDG_DATA_HOME/vellumar\n"
+                "(~/.local/share/vellumar), made with a first texture set on the first start.");
 }
 
 } // namespace vellumar

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "config/ProgramFolderRule.h"
+
 #include <memory>
 #include <string>
 
@@ -10,8 +12,10 @@ class SystemFolders {
 public:
     virtual ~SystemFolders() = default;
 
-    // The folder of the program's executable, or the folder named by $VELLUMAR_HOME.
-    virtual std::string programFolder() = 0;
+    // The program folder, where cloud.ini lies, and the rule that chose it (see
+    // ChooseProgramFolder).
+    virtual ProgramFolderChoice programFolderChoice() = 0;
+    std::string programFolder() { return programFolderChoice().folder; }
     // What the program ships beside its executable (the message box's own sounds): the
     // executable's folder + "/../share/vellumar" when it is there, else the executable's folder.
     virtual std::string sharedDataFolder() = 0;

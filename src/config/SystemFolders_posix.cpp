@@ -67,13 +67,21 @@ std::string XdgDocumentsFolder(const std::string& home, const std::string& confi
 
 class PosixSystemFolders final : public SystemFolders {
 public:
-    std::string programFolder() override
+    ProgramFolderChoice programFolderChoice() override
     {
-        if (std::string home = Environment("VELLUMAR_HOME"); !home.empty())
-            return home;
+        ProgramFolderFacts facts;
+        facts.vellumarHome = Environment("VELLUMAR_HOME");
         std::error_code error;
         const fs::path executable = fs::read_symlink("/proc/self/exe", error);
-        return error ? std::string() : executable.parent_path().string();
+        if (!error)
+            facts.executableFolder = executable.parent_path().string();
+        facts.executableFolderHoldsIni =
+            !facts.executableFolder.empty() &&
+            fs::exists(fs::path(facts.executableFolder) / "cloud.ini", error);
+        facts.usesUserDataFolder = true;
+        facts.xdgDataHome = Environment("XDG_DATA_HOME");
+        facts.home = Environment("HOME");
+        return ChooseProgramFolder(facts);
     }
 
     std::string sharedDataFolder() override

@@ -35,11 +35,13 @@ std::string Environment(const wchar_t* name)
 
 class WindowsSystemFolders final : public SystemFolders {
 public:
-    std::string programFolder() override
+    ProgramFolderChoice programFolderChoice() override
     {
-        if (std::string home = Environment(L"VELLUMAR_HOME"); !home.empty())
-            return home;
-        return ExecutableFolder();
+        // Windows keeps a program's data beside it, as it always has.
+        ProgramFolderFacts facts;
+        facts.vellumarHome = Environment(L"VELLUMAR_HOME");
+        facts.executableFolder = ExecutableFolder();
+        return ChooseProgramFolder(facts);
     }
 
     std::string sharedDataFolder() override

@@ -96,6 +96,7 @@ TEST_F(CliTest, WhereListsTheFolders)
     folders.appData = "/prefix/drive_c/users/pilot/AppData/Roaming";
     EXPECT_EQ(run({"where"}), CliExit::Success);
     EXPECT_EQ(out.str(), "ProgramPath: /opt/vellumar\n"
+                         "ProgramPathRule: VELLUMAR_HOME\n"
                          "WindowsPath: /prefix/drive_c/windows\n"
                          "MyDocumentsPath: /prefix/drive_c/users/pilot/Documents\n"
                          "AppDataPath: /prefix/drive_c/users/pilot/AppData/Roaming\n");

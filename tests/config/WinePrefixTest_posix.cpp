@@ -159,15 +159,24 @@ TEST(SystemFoldersWithoutPrefix, XdgFoldersAndTheRootAsWindowsFolder)
     EXPECT_EQ(folders->appDataFolder(), home / ".config");
 }
 
-TEST(SystemFoldersWithoutPrefix, ProgramFolderIsVellumarHomeOrTheExecutablesFolder)
+// The test program's folder holds no cloud.ini, as an installed program's folder does not.
+TEST(SystemFoldersWithoutPrefix, ProgramFolderIsVellumarHomeElseTheUsersDataFolder)
 {
     const auto folders = CreatePlatformSystemFolders();
+    test::ScopedEnvironment home("HOME", "/home/pilot");
     {
-        test::ScopedEnvironment home("VELLUMAR_HOME", "/opt/vellumar-demo");
+        test::ScopedEnvironment vellumarHome("VELLUMAR_HOME", "/opt/vellumar-demo");
         EXPECT_EQ(folders->programFolder(), "/opt/vellumar-demo");
+        EXPECT_EQ(folders->programFolderChoice().rule, ProgramFolderRule::Environment);
     }
-    ::unsetenv("VELLUMAR_HOME");
-    EXPECT_EQ(folders->programFolder(), fs::read_symlink("/proc/self/exe").parent_path().string());
+    test::ScopedEnvironment vellumarHome("VELLUMAR_HOME", std::nullopt);
+    {
+        test::ScopedEnvironment dataHome("XDG_DATA_HOME", std::nullopt);
+        EXPECT_EQ(folders->programFolder(), "/home/pilot/.local/share/vellumar");
+        EXPECT_EQ(folders->programFolderChoice().rule, ProgramFolderRule::UserDataFolder);
+    }
+    test::ScopedEnvironment dataHome("XDG_DATA_HOME", "/data/pilot/");
+    EXPECT_EQ(folders->programFolder(), "/data/pilot/vellumar");
 }
 
 } // namespace

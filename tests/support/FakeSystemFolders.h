@@ -10,8 +10,9 @@ namespace vellumar::test {
 class FakeSystemFolders final : public SystemFolders {
 public:
     std::string program, windows, documents, appData, shared;
+    ProgramFolderRule programRule = ProgramFolderRule::Environment;
 
-    std::string programFolder() override { return program; }
+    ProgramFolderChoice programFolderChoice() override { return {program, programRule}; }
     std::string sharedDataFolder() override { return shared; }
     std::string windowsFolder() override { return windows; }
     std::string documentsFolder() override { return documents; }

@@ -4,6 +4,7 @@
 
 #include "common/FileOperations.h"
 #include "demo/DemoProgram.h"
+#include "demo/DemoStarter.h"
 
 #include <CLI/CLI.hpp>
 #include <filesystem>
@@ -33,8 +34,11 @@ int main(int argc, char** argv)
                  "vellumar-demo");
     std::string folder;
     bool force = false;
+    bool starter = false;
     app.add_option("DIR", folder, "the folder to build in")->required();
     app.add_flag("--force", force, "build even in a non-empty folder without an earlier demo");
+    app.add_flag("--starter", starter,
+                 "write only what a new user's program folder starts from (the build does)");
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
@@ -42,6 +46,8 @@ int main(int argc, char** argv)
         return app.exit(error) == 0 ? 0 : 2;
     }
     const auto files = vellumar::CreatePlatformFileOperations();
+    if (starter)
+        return vellumar::WriteStarterFolder(folder, *files, std::cerr);
     return vellumar::RunDemoProgram(folder, force, *files, std::cout, std::cerr,
                                     StandinBesideThisProgram());
 }
