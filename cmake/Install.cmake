@@ -4,9 +4,9 @@
 # SystemFolders::sharedDataFolder). So no variable is needed wherever the tree lands.
 include(GNUInstallDirs)
 
-set(VELLUMAR_HOMEPAGE "https://vellumar.example.org" CACHE STRING
+set(VELLUMAR_HOMEPAGE "https://vellumar.org" CACHE STRING
     "The project's home page, named by the package and the desktop metadata")
-set(VELLUMAR_APPSTREAM_ID "org.example.vellumar" CACHE STRING
+set(VELLUMAR_APPSTREAM_ID "org.vellumar.Vellumar" CACHE STRING
     "The desktop metadata's component id, reverse-DNS under the project's domain")
 set(VELLUMAR_RELEASE_DATE "2026-11-23" CACHE STRING "The date of this version")
 

@@ -149,17 +149,18 @@ UserProgramFolderResult MakeUserProgramFolder(FileOperations& files,
 
 std::string UserProgramFolderWelcomeText(const std::string& programFolder)
 {
+    // Short lines: the message box shows about fifty characters a line.
     return "Welcome to Vellumar.\n"
            "\n"
-           "Your texture library and settings live in\n" +
+           "Your sets and settings (cloud.ini) live in\n" +
            programFolder +
            "\n"
-           "with the sets in its Texture folder and the settings in cloud.ini.\n"
-           "It starts with one set of its own, \"My first set\".\n"
            "\n"
-           "To add sets, drop an archive or a folder on the main window, choose\n"
-           "Add Texture Set... in the Option menu, or run\n"
-           "    vellumar-cli import SOURCE --yes";
+           "It starts with one set, \"My first set\".\n"
+           "To add more, drop an archive or a folder on\n"
+           "the window, choose Add Texture Set... in the\n"
+           "Option menu, or run\n"
+           "  vellumar-cli import SOURCE";
 }
 
 StartUpOutcome PrepareUserProgramFolder(Services& services, const ProgramPaths& paths,
