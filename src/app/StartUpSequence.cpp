@@ -14,6 +14,7 @@
 #include "config/SystemFolders.h"
 #include "textures/Install.h"
 #include "textures/InterruptedInstall.h"
+#include "textures/SetImport.h"
 #include "textures/TextureFolders.h"
 
 namespace vellumar {
@@ -128,6 +129,8 @@ StartUpOutcome RunStartUpSequence(Services& services, const ScreenFacts& screen,
 
     BackUpSunEffectOnce(services, state.paths);
     RemoveInstallLeftovers(services.files, TextureFoldersOf(state.paths));
+    // An import killed before it put its set in place left its unpacked files behind.
+    RemoveImportLeftovers(services.files, JoinPath(state.paths.DataFolder, "Texture"));
     return StartUpOutcome::Continue;
 }
 

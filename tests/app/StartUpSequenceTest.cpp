@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 namespace vellumar {
 namespace {
 
@@ -27,9 +29,11 @@ TEST_F(StartUpSequenceTest, FromTheSystemFoldersToALoadedLibrary)
     // Temporary files of a program killed while it wrote (process 0 runs no program).
     temp.write("Vellumar/.vellumar-0-1.tmp", "half a cloud.ini");
     temp.write("FS9/texture/.vellumar-0-2.tmp", "half a bitmap");
+    temp.write("Vellumar/Texture/.vellumar-import-0-1/cld01.bmp", "an unpacked set");
     ASSERT_EQ(RunStartUpSequence(services, screen, state), StartUpOutcome::Continue);
     EXPECT_EQ(FileExists(fakes.files, temp / "Vellumar/.vellumar-0-1.tmp"), "Error");
     EXPECT_EQ(FileExists(fakes.files, temp / "FS9/texture/.vellumar-0-2.tmp"), "Error");
+    EXPECT_FALSE(std::filesystem::exists(temp / "Vellumar/Texture/.vellumar-import-0-1"));
     EXPECT_TRUE(fakes.messages.empty());
     EXPECT_EQ(state.paths.ProgramPath, temp / "Vellumar");
     EXPECT_EQ(state.paths.FsPath, temp / "FS9");
