@@ -37,7 +37,7 @@ void SetsInPlaceReader::refresh(const TextureFolders& folders, std::vector<Textu
     if (folders.FsPath.empty()) { // no simulator: nothing can be in place
         pending_.reset();
         giveWay_ = running_;
-        if (!running_ && answer_)
+        if (answer_)
             answer_({});
         return;
     }
