@@ -108,6 +108,11 @@ public:
     // folder, is what gets replaced, so the link keeps working; a dangling link is refused.
     virtual bool replaceFile(const std::string& path, const std::string& contents) = 0;
 
+    // Why the last change these operations refused was refused, when they refused it for a
+    // reason of their own rather than the system's (a guard that could not first keep what the
+    // change would overwrite); "" otherwise.
+    virtual std::string refusalReason() const { return {}; }
+
     // The path as the system finds it, with native separators. Where names are case sensitive
     // each component takes the letter case of the entry found; where the system ignores case
     // the spelling may stay as given. Components that do not exist are kept as given. As on

@@ -53,7 +53,12 @@ bool OriginalsGuard::isProtected(const std::string& path)
 
 bool OriginalsGuard::keep(const std::string& path)
 {
-    return !isProtected(path) || store_->keep(path);
+    refusal_.clear(); // every change asked for starts here
+    if (!isProtected(path) || store_->keep(path))
+        return true;
+    refusal_ = "The simulator's original of " + path + " could not be kept first in " +
+               store_->folder() + ", so it was left as it is.";
+    return false;
 }
 
 bool OriginalsGuard::keepTree(const std::string& folder)

@@ -48,6 +48,7 @@ public:
     std::optional<std::string> readFile(const std::string& path) override;
     bool replaceFile(const std::string& path, const std::string& contents) override;
     std::string resolve(const std::string& path) override;
+    std::string refusalReason() const override { return refusal_; }
 
 private:
     bool isProtected(const std::string& path);
@@ -59,6 +60,7 @@ private:
     TextList folders_;
     std::string dataFolder_;
     std::unique_ptr<OriginalsStore> store_;
+    std::string refusal_;
 };
 
 } // namespace vellumar

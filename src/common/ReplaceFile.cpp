@@ -127,7 +127,13 @@ ReplaceResult ReplaceFileWith(FileOperations& files, const std::string& source,
         return ReplaceResult::CopyFailed;
     }
     if (!files.renameOver(temporary, target)) {
+        const std::string refused = files.refusalReason();
         removeTemporary();
+        if (!refused.empty()) {
+            if (blockedBy)
+                *blockedBy = refused;
+            return ReplaceResult::Refused;
+        }
         const std::string variant = ReadOnlyCaseVariant(files, target);
         return locked(variant.empty() ? target : variant);
     }

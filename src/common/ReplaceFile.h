@@ -15,6 +15,7 @@ enum class ReplaceResult {
     Replaced,
     TargetLocked, // the target is read-only (or a folder), or could not be swapped out
     CopyFailed,   // the source could not be copied next to the target
+    Refused,      // the file operations refused the change for a reason of their own
 };
 
 // Puts a copy of `source` at `target`, replacing whatever is there, without ever leaving
@@ -22,8 +23,9 @@ enum class ReplaceResult {
 // and is then renamed over the target. On failure the target is as it was and no temporary
 // file remains. A read-only target is refused, and so is one beside a read-only file that
 // differs from it only in letter case (which Windows would take for the target); `blockedBy`
-// then names the file that stopped it. A target that is a link is replaced by a plain file:
-// whatever the link points to is never written.
+// then names the file that stopped it; for a change the file operations refuse themselves it
+// receives their reason (FileOperations::refusalReason). A target that is a link is replaced by a
+// plain file: whatever the link points to is never written.
 ReplaceResult ReplaceFileWith(FileOperations& files, const std::string& source,
                               const std::string& target, std::string* blockedBy = nullptr);
 

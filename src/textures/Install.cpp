@@ -51,6 +51,12 @@ bool PlaceFile(TextureServices& services, const std::string& source, const std::
     case ReplaceResult::TargetLocked:
         return ReportInstallError(services.messages,
                                   "Could not kill the using files.\n" + blockedBy);
+    case ReplaceResult::Refused:
+        services.messages.ShowMessage("Could not install " + target + ".\n" + blockedBy +
+                                          "\n\nIs the data folder's disk full, or not writable?",
+                                      MessageStyle::OKOnly | MessageStyle::Critical,
+                                      "Install Error");
+        return false;
     case ReplaceResult::CopyFailed:
         break;
     }

@@ -94,8 +94,10 @@ TEST_F(OriginalsStoreTest, AChangeWhoseOriginalCannotBeKeptIsRefused)
         return path.find("Originals") != std::string::npos;
     };
     const std::string source = temp.write("Data/storm.bmp", "storm");
-    EXPECT_NE(ReplaceFileWith(guard, source, temp / "FS9/texture/cld01.bmp"),
-              ReplaceResult::Replaced);
+    std::string why;
+    EXPECT_EQ(ReplaceFileWith(guard, source, temp / "FS9/texture/cld01.bmp", &why),
+              ReplaceResult::Refused);
+    EXPECT_NE(why.find("could not be kept first in " + guard.store()->folder()), std::string::npos);
     EXPECT_FALSE(guard.deleteFile(temp / "FS9/texture/cld01.bmp"));
     EXPECT_EQ(temp.read("FS9/texture/cld01.bmp"), "stock cloud");
     // Outside the simulator the guard stays out of the way.

@@ -222,6 +222,30 @@ TEST_F(InstallTest, AReadOnlyTargetCannotBeKilled)
     EXPECT_TRUE(record.entries().empty());
 }
 
+TEST_F(InstallTest, AFileWhoseOriginalCannotBeKeptIsLeftAndTheMessageSaysWhy)
+{
+    const std::string folder = set("Clouds/Summer haze", {"cld01.bmp"});
+    temp.write("FS9/texture/cld01.bmp", "original");
+    // The simulator lies outside the data folder here, as it does for users.
+    const std::string store = temp / "Vellumar/Originals";
+    fakes.originals.protect({folders.FsPath}, temp / "Vellumar", store);
+    fakes.files.failReplace = [](const std::string& path) {
+        return path.find("Originals") != std::string::npos; // a full disk, say
+    };
+    TextureServices guarded{fakes.messages, fakes.originals, fakes.events, fakes.clock};
+    const auto outcome =
+        InstallTextureSet(guarded, folders, request(folder, AllTicked({"cld01.bmp"})), record);
+    EXPECT_FALSE(outcome.installed);
+    const std::string target = JoinPath(folders.FsTexturePath, "cld01.bmp");
+    EXPECT_EQ(fakes.messages.last().title, "Install Error");
+    EXPECT_EQ(fakes.messages.last().text,
+              "Could not install " + target + ".\nThe simulator's original of " + target +
+                  " could not be kept first in " + store +
+                  ", so it was left as it is.\n\nIs the data folder's disk full, or not "
+                  "writable?");
+    EXPECT_EQ(temp.read("FS9/texture/cld01.bmp"), "original");
+}
+
 TEST_F(InstallTest, AReadOnlyFileOfTheSameNameInOtherLetterCaseIsNeverDeleted)
 {
     const std::string folder = set("Clouds/Summer haze", {"cld01.bmp"});
