@@ -18,7 +18,7 @@ bool IsInsideOrSame(const std::string& path, const std::string& folder)
 } // namespace
 
 OriginalsGuard::OriginalsGuard(FileOperations& files)
-    : files_(files)
+    : ForwardingFileOperations(files)
 {}
 
 void OriginalsGuard::protect(const TextList& folders, const std::string& dataFolder,
@@ -30,16 +30,16 @@ void OriginalsGuard::protect(const TextList& folders, const std::string& dataFol
         return;             // protected (the start-up ends the program in that case anyway)
     for (const std::string& folder : folders)
         if (!folder.empty())
-            folders_.push_back(files_.resolve(folder));
-    dataFolder_ = dataFolder.empty() ? std::string() : files_.resolve(dataFolder);
-    store_ = std::make_unique<OriginalsStore>(files_, storeFolder);
+            folders_.push_back(inner().resolve(folder));
+    dataFolder_ = dataFolder.empty() ? std::string() : inner().resolve(dataFolder);
+    store_ = std::make_unique<OriginalsStore>(inner(), storeFolder);
 }
 
 bool OriginalsGuard::isProtected(const std::string& path)
 {
     if (!store_ || folders_.empty())
         return false;
-    const std::string spelled = files_.resolve(path);
+    const std::string spelled = inner().resolve(path);
     // The program's own temporary files come and go; they were never the simulator's.
     if (TemporaryNameOwner(LastPathComponent(spelled)))
         return false;
@@ -66,108 +66,53 @@ bool OriginalsGuard::keepTree(const std::string& folder)
     if (!store_)
         return true;
     TextList names;
-    files_.search(JoinPath(folder, "*"), [&](const DirectoryEntry& entry) {
+    inner().search(JoinPath(folder, "*"), [&](const DirectoryEntry& entry) {
         if (entry.name != "." && entry.name != "..")
             names.push_back(entry.name);
         return true;
     });
     for (const std::string& name : names) {
         const std::string path = JoinPath(folder, name);
-        const bool ok = files_.kindOf(path) == PathKind::Folder ? keepTree(path) : keep(path);
+        const bool ok = inner().kindOf(path) == PathKind::Folder ? keepTree(path) : keep(path);
         if (!ok)
             return false;
     }
     return true;
 }
 
-bool OriginalsGuard::search(const std::string& pattern, const EntryVisitor& visit)
-{
-    return files_.search(pattern, visit);
-}
-
-PathKind OriginalsGuard::kindOf(const std::string& path)
-{
-    return files_.kindOf(path);
-}
-
-std::string OriginalsGuard::finalPath(const std::string& path)
-{
-    return files_.finalPath(path);
-}
-
-std::optional<std::uint32_t> OriginalsGuard::attributes(const std::string& path)
-{
-    return files_.attributes(path);
-}
-
-bool OriginalsGuard::setAttributes(const std::string& path, std::uint32_t attributes)
-{
-    return files_.setAttributes(path, attributes);
-}
-
-std::optional<FileTime> OriginalsGuard::modificationTime(const std::string& path)
-{
-    return files_.modificationTime(path);
-}
-
-std::optional<std::uint64_t> OriginalsGuard::fileSize(const std::string& path)
-{
-    return files_.fileSize(path);
-}
-
-std::optional<FileStamp> OriginalsGuard::fileStamp(const std::string& path)
-{
-    return files_.fileStamp(path);
-}
-
 bool OriginalsGuard::copyFile(const std::string& source, const std::string& target)
 {
-    return keep(target) && files_.copyFile(source, target);
+    return keep(target) && inner().copyFile(source, target);
 }
 
 bool OriginalsGuard::copyFileToUniqueName(const std::string& source, const std::string& target)
 {
-    return keep(target) && files_.copyFileToUniqueName(source, target);
+    return keep(target) && inner().copyFileToUniqueName(source, target);
 }
 
 bool OriginalsGuard::moveFile(const std::string& source, const std::string& target)
 {
-    return keep(source) && keep(target) && files_.moveFile(source, target);
+    return keep(source) && keep(target) && inner().moveFile(source, target);
 }
 
 bool OriginalsGuard::renameOver(const std::string& source, const std::string& target)
 {
-    return keep(source) && keep(target) && files_.renameOver(source, target);
+    return keep(source) && keep(target) && inner().renameOver(source, target);
 }
 
 bool OriginalsGuard::deleteFile(const std::string& path)
 {
-    return keep(path) && files_.deleteFile(path);
+    return keep(path) && inner().deleteFile(path);
 }
 
 bool OriginalsGuard::deleteTree(const std::string& path)
 {
-    return keepTree(path) && files_.deleteTree(path);
-}
-
-bool OriginalsGuard::createFolders(const std::string& path)
-{
-    return files_.createFolders(path);
-}
-
-std::optional<std::string> OriginalsGuard::readFile(const std::string& path)
-{
-    return files_.readFile(path);
+    return keepTree(path) && inner().deleteTree(path);
 }
 
 bool OriginalsGuard::replaceFile(const std::string& path, const std::string& contents)
 {
-    return keep(path) && files_.replaceFile(path, contents);
-}
-
-std::string OriginalsGuard::resolve(const std::string& path)
-{
-    return files_.resolve(path);
+    return keep(path) && inner().replaceFile(path, contents);
 }
 
 } // namespace vellumar

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/FileOperations.h"
+#include "common/ForwardingFileOperations.h"
 #include "common/OriginalsStore.h"
 #include "common/TextList.h"
 
@@ -17,7 +17,7 @@ namespace vellumar {
 // be kept durably is refused, as a read-only file would refuse it.
 //
 // Until protect() names the folders every operation passes straight through.
-class OriginalsGuard final : public FileOperations {
+class OriginalsGuard final : public ForwardingFileOperations {
 public:
     explicit OriginalsGuard(FileOperations& files);
 
@@ -28,26 +28,15 @@ public:
     // The store of the protected folders; nothing before protect().
     OriginalsStore* store() { return store_.get(); }
     // The file operations underneath, which keep nothing.
-    FileOperations& unguarded() { return files_; }
+    FileOperations& unguarded() { return inner(); }
 
-    bool search(const std::string& pattern, const EntryVisitor& visit) override;
-    PathKind kindOf(const std::string& path) override;
-    std::string finalPath(const std::string& path) override;
-    std::optional<std::uint32_t> attributes(const std::string& path) override;
-    bool setAttributes(const std::string& path, std::uint32_t attributes) override;
-    std::optional<FileTime> modificationTime(const std::string& path) override;
-    std::optional<std::uint64_t> fileSize(const std::string& path) override;
-    std::optional<FileStamp> fileStamp(const std::string& path) override;
     bool copyFile(const std::string& source, const std::string& target) override;
     bool copyFileToUniqueName(const std::string& source, const std::string& target) override;
     bool moveFile(const std::string& source, const std::string& target) override;
     bool renameOver(const std::string& source, const std::string& target) override;
     bool deleteFile(const std::string& path) override;
     bool deleteTree(const std::string& path) override;
-    bool createFolders(const std::string& path) override;
-    std::optional<std::string> readFile(const std::string& path) override;
     bool replaceFile(const std::string& path, const std::string& contents) override;
-    std::string resolve(const std::string& path) override;
     std::string refusalReason() const override { return refusal_; }
 
 private:
@@ -56,7 +45,6 @@ private:
     bool keep(const std::string& path);
     bool keepTree(const std::string& folder);
 
-    FileOperations& files_;
     TextList folders_;
     std::string dataFolder_;
     std::unique_ptr<OriginalsStore> store_;

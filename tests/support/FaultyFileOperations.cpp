@@ -3,48 +3,13 @@
 namespace vellumar::test {
 
 FaultyFileOperations::FaultyFileOperations()
-    : real_(CreatePlatformFileOperations())
+    : ForwardingFileOperations(*real)
 {}
-
-bool FaultyFileOperations::search(const std::string& pattern, const EntryVisitor& visit)
-{
-    return real_->search(pattern, visit);
-}
-
-PathKind FaultyFileOperations::kindOf(const std::string& path)
-{
-    return real_->kindOf(path);
-}
-
-std::string FaultyFileOperations::finalPath(const std::string& path)
-{
-    return real_->finalPath(path);
-}
-
-std::optional<std::uint32_t> FaultyFileOperations::attributes(const std::string& path)
-{
-    return real_->attributes(path);
-}
-
-bool FaultyFileOperations::setAttributes(const std::string& path, std::uint32_t attributes)
-{
-    return real_->setAttributes(path, attributes);
-}
-
-std::optional<FileTime> FaultyFileOperations::modificationTime(const std::string& path)
-{
-    return real_->modificationTime(path);
-}
-
-std::optional<std::uint64_t> FaultyFileOperations::fileSize(const std::string& path)
-{
-    return real_->fileSize(path);
-}
 
 bool FaultyFileOperations::copyFile(const std::string& source, const std::string& target)
 {
     changing(target);
-    return copyWithFaults(source, target, [&] { return real_->copyFile(source, target); });
+    return copyWithFaults(source, target, [&] { return real->copyFile(source, target); });
 }
 
 bool FaultyFileOperations::copyFileToUniqueName(const std::string& source,
@@ -52,7 +17,7 @@ bool FaultyFileOperations::copyFileToUniqueName(const std::string& source,
 {
     changing(target);
     return copyWithFaults(source, target,
-                          [&] { return real_->copyFileToUniqueName(source, target); });
+                          [&] { return real->copyFileToUniqueName(source, target); });
 }
 
 bool FaultyFileOperations::copyWithFaults(const std::string& source, const std::string& target,
@@ -63,9 +28,9 @@ bool FaultyFileOperations::copyWithFaults(const std::string& source, const std::
         return false;
     if (failCopyHalfway && failCopyHalfway(source, target)) {
         // Leave a truncated target behind, as a full disk would, and report the failure.
-        const auto contents = real_->readFile(source);
-        if (contents && !real_->attributes(target))
-            real_->replaceFile(target, contents->substr(0, contents->size() / 2));
+        const auto contents = real->readFile(source);
+        if (contents && !real->attributes(target))
+            real->replaceFile(target, contents->substr(0, contents->size() / 2));
         return false;
     }
     return copy();
@@ -74,13 +39,13 @@ bool FaultyFileOperations::copyWithFaults(const std::string& source, const std::
 bool FaultyFileOperations::moveFile(const std::string& source, const std::string& target)
 {
     changing(target);
-    return real_->moveFile(source, target);
+    return real->moveFile(source, target);
 }
 
 bool FaultyFileOperations::renameOver(const std::string& source, const std::string& target)
 {
     changing(target);
-    return real_->renameOver(source, target);
+    return real->renameOver(source, target);
 }
 
 bool FaultyFileOperations::deleteFile(const std::string& path)
@@ -89,7 +54,7 @@ bool FaultyFileOperations::deleteFile(const std::string& path)
     ++deletes;
     if (failDelete && failDelete(path))
         return false;
-    return real_->deleteFile(path);
+    return real->deleteFile(path);
 }
 
 bool FaultyFileOperations::deleteTree(const std::string& path)
@@ -97,19 +62,14 @@ bool FaultyFileOperations::deleteTree(const std::string& path)
     changing(path);
     if (failDelete && failDelete(path))
         return false;
-    return real_->deleteTree(path);
-}
-
-bool FaultyFileOperations::createFolders(const std::string& path)
-{
-    return real_->createFolders(path);
+    return real->deleteTree(path);
 }
 
 std::optional<std::string> FaultyFileOperations::readFile(const std::string& path)
 {
     if (beforeRead)
         beforeRead(path);
-    return real_->readFile(path);
+    return real->readFile(path);
 }
 
 bool FaultyFileOperations::replaceFile(const std::string& path, const std::string& contents)
@@ -117,12 +77,7 @@ bool FaultyFileOperations::replaceFile(const std::string& path, const std::strin
     changing(path);
     if (failReplace && failReplace(path))
         return false;
-    return real_->replaceFile(path, contents);
-}
-
-std::string FaultyFileOperations::resolve(const std::string& path)
-{
-    return real_->resolve(path);
+    return real->replaceFile(path, contents);
 }
 
 } // namespace vellumar::test

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "common/FileOperations.h"
+#include "common/ForwardingFileOperations.h"
 
 #include <functional>
 #include <memory>
@@ -8,9 +8,15 @@
 
 namespace vellumar::test {
 
+// Owns the platform's operations, made before the forwarding base that passes calls to them.
+struct PlatformFileOperationsHolder {
+    std::unique_ptr<FileOperations> real = CreatePlatformFileOperations();
+};
+
 // The platform's real file operations on real temporary folders, with a seam where a test
 // makes chosen operations fail.
-class FaultyFileOperations final : public FileOperations {
+class FaultyFileOperations final : private PlatformFileOperationsHolder,
+                                   public ForwardingFileOperations {
 public:
     FaultyFileOperations();
 
@@ -31,23 +37,14 @@ public:
     int copies = 0;
     int deletes = 0;
 
-    bool search(const std::string& pattern, const EntryVisitor& visit) override;
-    PathKind kindOf(const std::string& path) override;
-    std::string finalPath(const std::string& path) override;
-    std::optional<std::uint32_t> attributes(const std::string& path) override;
-    bool setAttributes(const std::string& path, std::uint32_t attributes) override;
-    std::optional<FileTime> modificationTime(const std::string& path) override;
-    std::optional<std::uint64_t> fileSize(const std::string& path) override;
     bool copyFile(const std::string& source, const std::string& target) override;
     bool copyFileToUniqueName(const std::string& source, const std::string& target) override;
     bool moveFile(const std::string& source, const std::string& target) override;
     bool renameOver(const std::string& source, const std::string& target) override;
     bool deleteFile(const std::string& path) override;
     bool deleteTree(const std::string& path) override;
-    bool createFolders(const std::string& path) override;
     std::optional<std::string> readFile(const std::string& path) override;
     bool replaceFile(const std::string& path, const std::string& contents) override;
-    std::string resolve(const std::string& path) override;
 
 private:
     void changing(const std::string& path)
@@ -57,8 +54,6 @@ private:
     }
     bool copyWithFaults(const std::string& source, const std::string& target,
                         const std::function<bool()>& copy);
-
-    std::unique_ptr<FileOperations> real_;
 };
 
 } // namespace vellumar::test
