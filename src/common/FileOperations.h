@@ -101,6 +101,18 @@ public:
 
     // The bytes of a regular file; nothing for anything else (a named pipe would never end).
     virtual std::optional<std::string> readFile(const std::string& path) = 0;
+    // The same, with the file's size and time as they were when it was opened, before anything
+    // was read: a write during the reading leaves a newer time than the one given.
+    virtual std::optional<std::string> readFileAndStamp(const std::string& path, FileStamp& stamp)
+    {
+        const std::optional<FileStamp> before = fileStamp(path);
+        if (!before)
+            return std::nullopt;
+        std::optional<std::string> bytes = readFile(path);
+        if (bytes)
+            stamp = *before;
+        return bytes;
+    }
     // Replaces (or creates) a file with the given bytes so that a reader sees either the old
     // or the new content, never a mixture: a temporary file in the same folder is written,
     // flushed and renamed over the original. A read-only original is refused, and so is

@@ -435,15 +435,24 @@ public:
 
     std::optional<std::string> readFile(const std::string& path) override
     {
+        FileStamp stamp;
+        return readFileAndStamp(path, stamp);
+    }
+
+    std::optional<std::string> readFileAndStamp(const std::string& path, FileStamp& stamp) override
+    {
         struct stat st {};
         const int fd = OpenForReading(resolve(path), st);
         if (fd < 0)
             return std::nullopt;
-        std::string contents;
-        contents.reserve(static_cast<std::size_t>(st.st_size));
-        char buffer[65536];
+        // Read straight into the string, sized as the file was when opened; a file that grows
+        // meanwhile gets more room, one that shrinks is cut where it ends.
+        std::string contents(static_cast<std::size_t>(st.st_size) + 1, '\0');
+        std::size_t length = 0;
         for (;;) {
-            const ssize_t got = ::read(fd, buffer, sizeof buffer);
+            if (length == contents.size())
+                contents.resize(contents.size() * 2);
+            const ssize_t got = ::read(fd, contents.data() + length, contents.size() - length);
             if (got < 0 && errno == EINTR)
                 continue;
             if (got < 0) {
@@ -452,9 +461,11 @@ public:
             }
             if (got == 0)
                 break;
-            contents.append(buffer, static_cast<std::size_t>(got));
+            length += static_cast<std::size_t>(got);
         }
         ::close(fd);
+        contents.resize(length);
+        stamp = FileStamp{static_cast<std::uint64_t>(st.st_size), ToFileTime(st.st_mtim)};
         return contents;
     }
 

@@ -62,6 +62,10 @@ public:
     {
         return inner_.readFile(path);
     }
+    std::optional<std::string> readFileAndStamp(const std::string& path, FileStamp& stamp) override
+    {
+        return inner_.readFileAndStamp(path, stamp);
+    }
     bool replaceFile(const std::string& path, const std::string& contents) override
     {
         return inner_.replaceFile(path, contents);

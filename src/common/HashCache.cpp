@@ -73,16 +73,20 @@ std::optional<std::string> HashCache::hashOf(const std::string& path)
     if (entry.used) // asked about already in this run
         return entry.hash.empty() ? std::nullopt : std::optional<std::string>(entry.hash);
     entry.used = true;
-    const std::optional<FileStamp> stamp = files_.fileStamp(path);
-    if (stamp && !entry.hash.empty() && entry.size == stamp->size && entry.time == stamp->time)
-        return entry.hash;
-    // Not a readable file (a folder, a device: readFile refuses them): no digest, and the
-    // cache forgets it.
-    const std::optional<std::string> hash = stamp ? FileSha256(files_, path) : std::nullopt;
+    if (!entry.hash.empty()) {
+        const std::optional<FileStamp> now = files_.fileStamp(path);
+        if (now && entry.size == now->size && entry.time == now->time)
+            return entry.hash;
+    }
+    // Not a readable file (a folder, a device: reading refuses them): no digest, and the cache
+    // forgets it. A file written during the reading may carry a newer time than the one taken
+    // as it was opened; the older time is remembered, so the next run reads it again.
+    FileStamp stamp;
+    const std::optional<std::string> bytes = files_.readFileAndStamp(path, stamp);
+    const std::optional<std::string> hash =
+        bytes ? std::optional<std::string>(Sha256Hex(*bytes)) : std::nullopt;
     changed_ = changed_ || !entry.hash.empty() || hash;
-    // A file written during the reading may carry a newer time than the one taken before it;
-    // the older time is remembered, so the next run reads it again.
-    entry = hash ? Entry{path, *hash, stamp->size, stamp->time, true} : Entry{path, {}, 0, 0, true};
+    entry = hash ? Entry{path, *hash, stamp.size, stamp.time, true} : Entry{path, {}, 0, 0, true};
     return hash;
 }
 

@@ -67,9 +67,15 @@ bool FaultyFileOperations::deleteTree(const std::string& path)
 
 std::optional<std::string> FaultyFileOperations::readFile(const std::string& path)
 {
-    if (beforeRead)
-        beforeRead(path);
+    noteRead(path);
     return real->readFile(path);
+}
+
+std::optional<std::string> FaultyFileOperations::readFileAndStamp(const std::string& path,
+                                                                  FileStamp& stamp)
+{
+    noteRead(path);
+    return real->readFileAndStamp(path, stamp);
 }
 
 bool FaultyFileOperations::replaceFile(const std::string& path, const std::string& contents)

@@ -31,7 +31,8 @@ public:
     // with the path it changes: a crash test ends its child process here.
     std::function<void(const std::string& path)> beforeChange;
 
-    // Called before every file is read whole, with its path: a test counts what was read.
+    // Called before every file is read whole, with its path: a test counts what was read. A
+    // path with no file behind it is not counted: there is nothing to read.
     std::function<void(const std::string& path)> beforeRead;
 
     int copies = 0;
@@ -44,9 +45,15 @@ public:
     bool deleteFile(const std::string& path) override;
     bool deleteTree(const std::string& path) override;
     std::optional<std::string> readFile(const std::string& path) override;
+    std::optional<std::string> readFileAndStamp(const std::string& path, FileStamp& stamp) override;
     bool replaceFile(const std::string& path, const std::string& contents) override;
 
 private:
+    void noteRead(const std::string& path)
+    {
+        if (beforeRead && real->kindOf(path) == PathKind::File)
+            beforeRead(path);
+    }
     void changing(const std::string& path)
     {
         if (beforeChange)
