@@ -5,6 +5,7 @@
 #include "common/MessageService.h"
 #include "common/PathText.h"
 #include "common/ProcessIdentity.h"
+#include "common/ReplaceFile.h"
 #include "common/ResultText.h"
 #include "common/Services.h"
 #include "config/CloudIniSchema.h"
@@ -91,15 +92,8 @@ void RemoveAbandonedBuilds(FileOperations& files, const std::string& parent)
     std::vector<std::string> abandoned;
     files.search(JoinPath(parent, std::string(kBuildingPrefix) + "*"),
                  [&abandoned](const DirectoryEntry& entry) {
-                     const std::string_view id =
-                         std::string_view(entry.name).substr(kBuildingPrefix.size());
-                     std::uint32_t number = 0;
-                     for (char c : id) {
-                         if (c < '0' || c > '9')
-                             return true;
-                         number = number * 10 + static_cast<std::uint32_t>(c - '0');
-                     }
-                     if (entry.isDirectory && !id.empty() && !IsProcessRunning(number))
+                     const auto process = ProcessNameOwner(entry.name, kBuildingPrefix);
+                     if (entry.isDirectory && process && !IsProcessRunning(*process))
                          abandoned.push_back(entry.name);
                      return true;
                  });
@@ -131,7 +125,7 @@ UserProgramFolderResult MakeUserProgramFolder(FileOperations& files,
     }
     RemoveAbandonedBuilds(files, parent);
     const std::string building =
-        JoinPath(parent, std::string(kBuildingPrefix) + std::to_string(CurrentProcessId()));
+        JoinPath(parent, std::string(kBuildingPrefix) + std::to_string(CurrentProcessId()) + "-1");
     files.deleteTree(building); // an earlier process of the same id
     result.problem = Fill(files, building, sharedDataFolder);
     if (result.problem.empty() && !files.moveFile(building, programFolder)) {

@@ -57,10 +57,17 @@ std::string TemporarySiblingName(const std::string& target)
 
 std::optional<std::uint32_t> TemporaryNameOwner(std::string_view name)
 {
-    if (!name.starts_with(kTemporaryPrefix) || !name.ends_with(kTemporarySuffix))
+    return ProcessNameOwner(name, kTemporaryPrefix, kTemporarySuffix);
+}
+
+std::optional<std::uint32_t> ProcessNameOwner(std::string_view name, std::string_view prefix,
+                                              std::string_view suffix)
+{
+    if (name.size() < prefix.size() + suffix.size() || !name.starts_with(prefix) ||
+        !name.ends_with(suffix))
         return std::nullopt;
-    name.remove_prefix(kTemporaryPrefix.size());
-    name.remove_suffix(kTemporarySuffix.size());
+    name.remove_prefix(prefix.size());
+    name.remove_suffix(suffix.size());
     const std::size_t dash = name.find('-');
     if (dash == std::string_view::npos)
         return std::nullopt;

@@ -44,6 +44,13 @@ std::string TemporarySiblingName(const std::string& target);
 // The process id in a bare name of that exact form; nothing for any other name.
 std::optional<std::uint32_t> TemporaryNameOwner(std::string_view name);
 
+// The process id in a bare name the program made as PREFIX<process id>-<number>SUFFIX (its
+// temporary files, an import's unpacking folder, a first start's folder under construction);
+// nothing for any other name. Digits only on both sides of the dash, so a name of the user's
+// that merely starts alike is never taken for one.
+std::optional<std::uint32_t> ProcessNameOwner(std::string_view name, std::string_view prefix,
+                                              std::string_view suffix = {});
+
 // Removes what replacements in `folder` left behind when their program was killed or the
 // power went: files named exactly as above whose process no longer runs. Another running
 // copy of the program (vellumar-cli beside the window, say) keeps the file it is writing.

@@ -4,6 +4,7 @@
 #include "common/FileOperations.h"
 #include "common/PathText.h"
 #include "common/ProcessIdentity.h"
+#include "common/ReplaceFile.h"
 #include "common/TextCompare.h"
 #include "common/WindowsNames.h"
 #include "textures/SetCatalogue.h"
@@ -376,13 +377,8 @@ TextList RemoveImportLeftovers(FileOperations& files, const std::string& texture
                  });
     TextList removed;
     for (const std::string& name : names) {
-        const std::string rest = name.substr(kStagingPrefix.size());
-        const std::size_t dash = rest.find('-');
-        if (dash == 0 || dash > 9 || dash == std::string::npos ||
-            rest.find_first_not_of("0123456789") != dash)
-            continue;
-        const auto process = static_cast<std::uint32_t>(std::stoul(rest.substr(0, dash)));
-        if (process == CurrentProcessId() || IsProcessRunning(process))
+        const std::optional<std::uint32_t> process = ProcessNameOwner(name, kStagingPrefix);
+        if (!process || IsProcessRunning(*process))
             continue;
         const std::string path = JoinPath(textureFolder, name);
         if (files.deleteTree(path))

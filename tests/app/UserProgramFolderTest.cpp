@@ -70,6 +70,18 @@ TEST_F(UserProgramFolderTest, TheFirstStartMakesAFolderThatPassesEveryCheckAndSa
     EXPECT_EQ(fakes.messages.shown().size(), 1u);
 }
 
+TEST_F(UserProgramFolderTest, AFirstStartKilledHalfWayLeavesNothingForLong)
+{
+    // Process 0 runs no program; a folder of the user's that merely starts alike stays.
+    temp.write("data/.vellumar-new-0-1/Texture/Clouds/My first set/cld01.bmp", "half");
+    temp.write("data/.vellumar-new-notes/mine.txt", "mine");
+    ProgramState state;
+    ASSERT_EQ(start(state), StartUpOutcome::Continue);
+    EXPECT_FALSE(std::filesystem::exists(temp / "data/.vellumar-new-0-1"));
+    EXPECT_EQ(temp.read("data/.vellumar-new-notes/mine.txt"), "mine");
+    EXPECT_EQ(entriesBesideTheFolder(), 2u); // the folder and the user's own
+}
+
 TEST_F(UserProgramFolderTest, AFolderOfTheUsersGetsOnlyWhatIsMissing)
 {
     temp.write("data/vellumar/button.wav", "RIFF my own click");
